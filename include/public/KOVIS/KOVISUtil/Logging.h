@@ -2,6 +2,7 @@
 
 #include "KOVIS/KOVISUtil/KOVISUtilExport.h"
 #include "KOVIS/KOVISUtil/LogMessageManager.h"
+#include "KOVIS/KOVISUtil/MessageMapRegistrator.h"
 
 #include <log4cplus/logger.h>
 
@@ -43,10 +44,17 @@ struct eKOVISUtilErrors
 {
     enum domain
     {
-        eUE_UnknownMessage = 0,        ///< domain key, number, manager
+        eUE_UnknownMessage = 0,        ///< number, domain key, manager
         eUE_ClassAlreadyRegistred = 1, ///< class name
         eUE_UnknownClass = 2,          ///< class name
-        eUE_NoCopySupport = 3          ///< type name
+        eUE_NoCopySupport = 3,         ///< type name
+        eUE_NoCreator = 4              ///< class name
     };
+};
+
+template <>
+struct KOVISUTIL_EXPORT MessageMapRegistrator<eKOVISUtilErrors, void>
+{
+    static bool process();
 };
 } // namespace kovis

@@ -7,6 +7,8 @@
 #include <log4cplus/loglevel.h>
 
 #include <string>
+#include <type_traits>
+#include <typeinfo>
 
 namespace kovis
 {
@@ -58,5 +60,14 @@ template <class TException, class... TArguments>
 {
     const std::string text = formatAndLog(manager, logger, log4cplus::ERROR_LOG_LEVEL, domainKey, number, place, arguments...);
     throw TException(text, place.m_function, place.m_file, place.m_line);
+}
+
+/// The same, with the message named by its enumerator: throwMessage<X>(manager, logger, eMessage::eM_Name, place, arguments...).
+template <class TException, class TDomain, class... TArguments>
+    requires std::is_enum_v<TDomain>
+[[noreturn]] void throwMessage(const LogMessageManager& manager, log4cplus::Logger logger, TDomain message, const SourcePlace& place,
+                               const TArguments&... arguments)
+{
+    throwMessage<TException>(manager, logger, std::string(typeid(TDomain).name()), static_cast<int>(message), place, arguments...);
 }
 } // namespace kovis
