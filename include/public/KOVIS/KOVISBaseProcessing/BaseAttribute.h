@@ -1,0 +1,44 @@
+#pragma once
+
+#include "KOVIS/KOVISBaseProcessing/BaseObjectInfo.h"
+#include "KOVIS/KOVISBaseProcessing/KOVISBaseProcessingExport.h"
+
+#include <boost/thread/mutex.hpp>
+
+#include <string>
+
+namespace kovis::processor
+{
+/// What kind of thing an attribute belongs to.
+enum eAttributeType : int
+{
+    eAT_DataItem = 1,
+    eAT_ImageProcessing = 2
+};
+
+/// A typed slot of a processor. Its value may be read before, during and after a run, from any thread.
+class KOVISBASEPROCESSING_EXPORT BaseAttribute : public BaseObjectInfo
+{
+public:
+    ~BaseAttribute() override;
+    BaseAttribute(const BaseAttribute&) = delete;
+    BaseAttribute& operator=(const BaseAttribute&) = delete;
+
+    virtual eAttributeType getAttributeType() const = 0;
+    virtual bool isOutput() const = 0;
+    /// Whether a run needs a value here; an output that an initializer makes is mandatory too.
+    virtual bool isMandatory() const = 0;
+    /// Whether a value was given. A null pointer that was given counts as given.
+    virtual bool isInitialised() const = 0;
+    /// Whether a value was given and it can be used: a pointer is not null.
+    virtual bool isUsable() const = 0;
+    /// Drops the value.
+    virtual void clear() = 0;
+
+protected:
+    BaseAttribute();
+
+    /// Guards the value.
+    mutable boost::mutex m_mutex;
+};
+} // namespace kovis::processor

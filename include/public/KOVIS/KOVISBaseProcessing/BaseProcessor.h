@@ -1,0 +1,97 @@
+#pragma once
+
+#include "KOVIS/KOVISBaseProcessing/BaseAttribute.h"
+#include "KOVIS/KOVISBaseProcessing/BaseObjectInfo.h"
+#include "KOVIS/KOVISBaseProcessing/BaseOutputInitializer.h"
+#include "KOVIS/KOVISBaseProcessing/BaseRule.h"
+#include "KOVIS/KOVISBaseProcessing/KOVISBaseProcessingExport.h"
+#include "KOVIS/KOVISBaseProcessing/ProcessorDispatchPolicy.h"
+#include "KOVIS/KOVISCore/BaseAction.h"
+#include "KOVIS/KOVISUtil/ProcessingResult.h"
+
+#include <boost/shared_ptr.hpp>
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace kovis::processor
+{
+/// Whether a processor's rule is built and tested.
+enum eProcessorRulePolicy : int
+{
+    ePRP_Rules = 0,
+    ePRP_NoRules = 1
+};
+
+enum class eProcessorType
+{
+    sync,
+    async1,
+    async3
+};
+
+/// A processor: named attributes, a rule on them, and a run. The life of one:
+///   1. It is made: no attribute exists yet.
+///   2. init makes the attributes, output initializers, dispatch policy and rule (initDerived).
+///   3. set gives the attributes their values; nothing is checked yet.
+///   4. A run checks in this order: every mandatory input is set and not null; outputs that are not set are made by their
+///      initializers, and one that is neither is an error; the rule holds. Then it does its work.
+///   5. Afterwards the outputs keep their values. An image that an initializer made for a run that failed is taken out again.
+/// A second init replaces all attributes; it is refused while a run is under way.
+class KOVISBASEPROCESSING_EXPORT BaseProcessor : public core::BaseComplexAction, public BaseObjectInfo
+{
+public:
+    ~BaseProcessor() override;
+
+    /// Makes the processor ready for its values. False, with a message, if it could not be done; the processor is then not initialised.
+    BoolResult init(eProcessorRulePolicy rulePolicy = ePRP_Rules);
+    bool isInitialised() const { return m_bInitialised; }
+
+    /// The attribute of that name, or an empty pointer.
+    boost::shared_ptr<BaseAttribute> getAttribute(const std::string& name) const;
+    /// The attributes' names, in their order.
+    std::vector<std::string> getAttributeNameColl() const;
+    /// The rule that init built, or an empty pointer.
+    const boost::shared_ptr<BaseRule>& getRule() const { return m_rule; }
+    const ProcessorDispatchPolicy& getDispatchPolicy() const { return m_dispatchPolicy; }
+
+    /// False, with a message: the archives' bases do not keep attribute values yet.
+    BoolResult write(BaseOArchive& archive) const override;
+    BoolResult read(BaseIArchive& archive) override;
+
+protected:
+    BaseProcessor();
+
+    void globalCleanDerived() override;
+    void cleanOnErrorDerived(const eCleanReason& reason) override;
+    BoolResult syncInputDataDerived(const Guid& computer) override;
+    BoolResult syncOutputDataDerived(const Guid& computer) override;
+    void clearInputData() override;
+    void clearOutputData() override;
+
+    /// Checks inputs, makes outputs, tests the rule. First thing of a run.
+    virtual BoolResult initProcess();
+    /// Last thing of a run that went well.
+    virtual BoolResult endProcess();
+    virtual eProcessorType getProcessorType() const = 0;
+    /// Makes attributes, output initializers (under the name of their attribute), dispatch policy and, unless the policy asks for none,
+    /// the rule.
+    virtual BoolResult initDerived(std::vector<boost::shared_ptr<BaseAttribute>>& attributes,
+                                   std::map<std::string, boost::shared_ptr<BaseOutputInitializer>>& outputInitializers,
+                                   ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<BaseRule>& rule,
+                                   const eProcessorRulePolicy& rulePolicy) = 0;
+
+private:
+    std::vector<boost::shared_ptr<BaseAttribute>> m_attributes;
+    std::map<std::string, boost::shared_ptr<BaseOutputInitializer>> m_outputInitializers;
+    ProcessorDispatchPolicy m_dispatchPolicy;
+    boost::shared_ptr<BaseRule> m_rule;
+    std::vector<boost::shared_ptr<BaseAttribute>> m_madeOutputs; ///< outputs that initializers of this run made
+    bool m_bInitialised = false;
+};
+
+/// Runs a processor to the end, on the calling thread and the workers. Throws what the run failed with (see
+/// kovis::core::executeAction), and KOVISBaseProcessingException for an empty pointer and a processor that is not initialised.
+KOVISBASEPROCESSING_EXPORT void executeSyncRun(const boost::shared_ptr<BaseProcessor>& processor);
+} // namespace kovis::processor
