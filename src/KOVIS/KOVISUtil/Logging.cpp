@@ -18,6 +18,7 @@ constexpr MessageText g_utilErrors[] = {
 
 constinit MessageTable g_utilErrorTable("KOVISUtil", "N5kovis16eKOVISUtilErrors6domainE", g_utilErrors);
 
+// This library stays in the process, and so do its texts: there is nothing to withdraw.
 [[maybe_unused]] const bool g_bUtilErrorsRegistred = MessageMapRegistrator<eKOVISUtilErrors>::process();
 
 log4cplus::Logger* makeBaseLogger()

@@ -42,4 +42,14 @@ void MessageTable::withdraw()
         m_bEntered = false;
     }
 }
+
+MessageTableHolder::MessageTableHolder(MessageTable& table) : m_table(table)
+{
+    m_table.enter();
+}
+
+MessageTableHolder::~MessageTableHolder()
+{
+    m_table.withdraw();
+}
 } // namespace kovis

@@ -39,4 +39,17 @@ private:
     std::size_t m_nbTexts;
     bool m_bEntered = false;
 };
+
+/// Enters a table when its library is loaded and withdraws it when the library is unloaded: one static object beside each table.
+class KOVISUTIL_EXPORT MessageTableHolder
+{
+public:
+    explicit MessageTableHolder(MessageTable& table);
+    ~MessageTableHolder();
+    MessageTableHolder(const MessageTableHolder&) = delete;
+    MessageTableHolder& operator=(const MessageTableHolder&) = delete;
+
+private:
+    MessageTable& m_table;
+};
 } // namespace kovis
