@@ -16,7 +16,15 @@ struct eKOVISSerializationMessage
 {
     enum domain
     {
-        eSM_VersionTooNew = 25 ///< version read, version of the class, class name
+        eSM_SectionNotClosed = 0, ///< what failed
+        eSM_NoValue = 1,          ///< key of the item
+        eSM_VersionTooNew = 25    ///< version read, version of the class, class name
     };
 };
 } // namespace kovis
+
+template <>
+struct KOVISSERIALIZATION_EXPORT kovis::MessageMapRegistrator<kovis::eKOVISSerializationMessage, void>
+{
+    static bool process();
+};

@@ -1,0 +1,6 @@
+#include "KOVIS/KOVISSerialization/BaseSerializationObject.h"
+
+namespace kovis
+{
+BaseSerializationObject::~BaseSerializationObject() = default;
+} // namespace kovis
