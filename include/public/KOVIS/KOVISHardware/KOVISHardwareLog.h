@@ -20,3 +20,9 @@ struct eKOVISHardwareMessage
     };
 };
 } // namespace kovis::hard
+
+template <>
+struct KOVISHARDWARE_EXPORT kovis::MessageMapRegistrator<kovis::hard::eKOVISHardwareMessage, void>
+{
+    static bool process();
+};
