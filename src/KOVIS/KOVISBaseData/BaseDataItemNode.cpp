@@ -1,0 +1,6 @@
+#include "KOVIS/KOVISBaseData/BaseDataItemNode.h"
+
+namespace kovis
+{
+BaseDataItemNode::~BaseDataItemNode() = default;
+} // namespace kovis
