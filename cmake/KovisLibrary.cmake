@@ -21,10 +21,11 @@ function(kovis_add_library name)
         ${name}
         PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include/public>" "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>"
         PRIVATE "${PROJECT_SOURCE_DIR}/include/private")
-    target_link_libraries(
-        ${name}
-        PUBLIC ${arg_PUBLIC}
-        PRIVATE ${arg_PRIVATE} "$<BUILD_INTERFACE:kovis_common>" "$<BUILD_INTERFACE:kovis_warnings>")
+    target_link_libraries(${name} PUBLIC ${arg_PUBLIC})
+    # What is linked in private is no user's business: the package must not ask for it.
+    foreach(private IN LISTS arg_PRIVATE ITEMS kovis_common kovis_warnings)
+        target_link_libraries(${name} PRIVATE "$<BUILD_INTERFACE:${private}>")
+    endforeach()
 
     set(exports "${PROJECT_SOURCE_DIR}/cmake/exports/${name}.map")
     target_link_options(${name} PRIVATE "LINKER:--version-script=${exports}" "LINKER:--as-needed")
@@ -50,13 +51,16 @@ function(kovis_add_library name)
     set_property(GLOBAL APPEND PROPERTY KOVIS_LIBRARIES ${name})
 endfunction()
 
-# kovis_add_program(<name> SOURCES <files...> LIBS <libs...>): a program with the house's settings, in bin/ of the build tree.
+# kovis_add_program(<name> SOURCES <files...> LIBS <libs...> [INSTALL]): a program with the house's settings, in bin/ of the build tree.
 function(kovis_add_program name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "INSTALL" "" "SOURCES;LIBS")
     add_executable(${name} ${arg_SOURCES})
     target_compile_features(${name} PRIVATE cxx_std_20)
     target_link_libraries(${name} PRIVATE ${arg_LIBS} kovis_common kovis_warnings)
     set_target_properties(
         ${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin"
                            INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+    if(arg_INSTALL)
+        install(TARGETS ${name} RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+    endif()
 endfunction()
