@@ -1,0 +1,176 @@
+#pragma once
+
+#include "KOVIS/KOVISSimd/AvxRegister.h"
+
+// AVX2: the float operations of AVX, and integer pixels.
+
+namespace kovis::simd::avx2
+{
+struct Register : avx::Register
+{
+    /// The pixels of one block as 32-bit signed integers.
+    struct IntBlock
+    {
+        Int m_register[s_nbRegisters];
+    };
+
+    /// a where the mask is set, b elsewhere.
+    static KOVIS_SIMD_INLINE Float select(Mask mask, Float a, Float b) { return _mm256_blendv_ps(b, a, mask); }
+
+    static KOVIS_SIMD_INLINE IntBlock loadInts(const unsigned char* from)
+    {
+        return {{_mm256_cvtepu8_epi32(loadLow(from)), _mm256_cvtepu8_epi32(loadLow(from + 8)), _mm256_cvtepu8_epi32(loadLow(from + 16)),
+                 _mm256_cvtepu8_epi32(loadLow(from + 24))}};
+    }
+    static KOVIS_SIMD_INLINE IntBlock loadInts(const signed char* from)
+    {
+        return {{_mm256_cvtepi8_epi32(loadLow(from)), _mm256_cvtepi8_epi32(loadLow(from + 8)), _mm256_cvtepi8_epi32(loadLow(from + 16)),
+                 _mm256_cvtepi8_epi32(loadLow(from + 24))}};
+    }
+    static KOVIS_SIMD_INLINE IntBlock loadInts(const unsigned short* from)
+    {
+        return {{_mm256_cvtepu16_epi32(loadHalf(from)), _mm256_cvtepu16_epi32(loadHalf(from + 8)),
+                 _mm256_cvtepu16_epi32(loadHalf(from + 16)), _mm256_cvtepu16_epi32(loadHalf(from + 24))}};
+    }
+    static KOVIS_SIMD_INLINE IntBlock loadInts(const short* from)
+    {
+        return {{_mm256_cvtepi16_epi32(loadHalf(from)), _mm256_cvtepi16_epi32(loadHalf(from + 8)),
+                 _mm256_cvtepi16_epi32(loadHalf(from + 16)), _mm256_cvtepi16_epi32(loadHalf(from + 24))}};
+    }
+    static KOVIS_SIMD_INLINE IntBlock loadInts(const int* from)
+    {
+        return {{loadRaw(from), loadRaw(from + 8), loadRaw(from + 16), loadRaw(from + 24)}};
+    }
+    /// Saturated to the signed range.
+    static KOVIS_SIMD_INLINE IntBlock loadInts(const unsigned int* from)
+    {
+        const Int greatest = _mm256_set1_epi32(0x7FFFFFFF);
+        return {{_mm256_min_epu32(loadRaw(from), greatest), _mm256_min_epu32(loadRaw(from + 8), greatest),
+                 _mm256_min_epu32(loadRaw(from + 16), greatest), _mm256_min_epu32(loadRaw(from + 24), greatest)}};
+    }
+
+    using avx::Register::load;
+    static KOVIS_SIMD_INLINE Block load(const unsigned int* from)
+    {
+        return {{toFloatUnsigned(loadRaw(from)), toFloatUnsigned(loadRaw(from + 8)), toFloatUnsigned(loadRaw(from + 16)),
+                 toFloatUnsigned(loadRaw(from + 24))}};
+    }
+    template <class T>
+    static KOVIS_SIMD_INLINE Block load(const T* from)
+    {
+        const IntBlock ints = loadInts(from);
+        return {{toFloat(ints.m_register[0]), toFloat(ints.m_register[1]), toFloat(ints.m_register[2]), toFloat(ints.m_register[3])}};
+    }
+
+    // The stores of integers saturate to the target's range. Packs work within 128-bit halves, so the lanes are put in order after.
+
+    static KOVIS_SIMD_INLINE void storeInts(signed char* to, const IntBlock& block, const Limits&)
+    {
+        storeRaw(to, orderBytes(_mm256_packs_epi16(_mm256_packs_epi32(block.m_register[0], block.m_register[1]),
+                                                   _mm256_packs_epi32(block.m_register[2], block.m_register[3]))));
+    }
+    static KOVIS_SIMD_INLINE void storeInts(unsigned char* to, const IntBlock& block, const Limits&)
+    {
+        storeRaw(to, orderBytes(_mm256_packus_epi16(_mm256_packs_epi32(block.m_register[0], block.m_register[1]),
+                                                    _mm256_packs_epi32(block.m_register[2], block.m_register[3]))));
+    }
+    static KOVIS_SIMD_INLINE void storeInts(short* to, const IntBlock& block, const Limits&)
+    {
+        storeRaw(to, orderWords(_mm256_packs_epi32(block.m_register[0], block.m_register[1])));
+        storeRaw(to + 16, orderWords(_mm256_packs_epi32(block.m_register[2], block.m_register[3])));
+    }
+    static KOVIS_SIMD_INLINE void storeInts(unsigned short* to, const IntBlock& block, const Limits&)
+    {
+        storeRaw(to, orderWords(_mm256_packus_epi32(block.m_register[0], block.m_register[1])));
+        storeRaw(to + 16, orderWords(_mm256_packus_epi32(block.m_register[2], block.m_register[3])));
+    }
+    static KOVIS_SIMD_INLINE void storeInts(int* to, const IntBlock& block, const Limits&)
+    {
+        KOVIS_UNROLL
+        for (unsigned long k = 0; k < s_nbRegisters; ++k)
+        {
+            storeRaw(to + k * s_nbLanes, block.m_register[k]);
+        }
+    }
+    static KOVIS_SIMD_INLINE void storeInts(unsigned int* to, const IntBlock& block, const Limits&)
+    {
+        KOVIS_UNROLL
+        for (unsigned long k = 0; k < s_nbRegisters; ++k)
+        {
+            storeRaw(to + k * s_nbLanes, _mm256_max_epi32(block.m_register[k], _mm256_setzero_si256()));
+        }
+    }
+
+    /// Limits, then truncates toward zero; a NaN becomes the least value. The limits of 8 and 16 bits are exact in float, so that
+    /// limiting there gives what it gives in double; those of 32 bits need double. The value is the second operand of minimum and
+    /// maximum, so that a NaN passes both; the truncation makes it the least int and the saturating store the least value.
+    template <class T>
+    static KOVIS_SIMD_INLINE void storeTruncated(T* to, const Block& block, const Limits& limits)
+    {
+        IntBlock ints;
+        KOVIS_UNROLL
+        for (unsigned long k = 0; k < s_nbRegisters; ++k)
+        {
+            ints.m_register[k] = truncate(max(limits.m_minFloat, min(limits.m_maxFloat, block.m_register[k])));
+        }
+        storeInts(to, ints, limits);
+    }
+    static KOVIS_SIMD_INLINE void storeTruncated(int* to, const Block& block, const Limits& limits)
+    {
+        KOVIS_UNROLL
+        for (unsigned long k = 0; k < s_nbRegisters; ++k)
+        {
+            const Float t = block.m_register[k];
+            const __m128i low = _mm256_cvttpd_epi32(clamp(_mm256_cvtps_pd(_mm256_castps256_ps128(t)), limits));
+            const __m128i high = _mm256_cvttpd_epi32(clamp(_mm256_cvtps_pd(_mm256_extractf128_ps(t, 1)), limits));
+            storeRaw(to + k * s_nbLanes, _mm256_inserti128_si256(_mm256_castsi128_si256(low), high, 1));
+        }
+    }
+    static KOVIS_SIMD_INLINE void storeTruncated(unsigned int* to, const Block& block, const Limits& limits)
+    {
+        KOVIS_UNROLL
+        for (unsigned long k = 0; k < s_nbRegisters; ++k)
+        {
+            const Float t = block.m_register[k];
+            const __m128i low = truncateUnsigned(clamp(_mm256_cvtps_pd(_mm256_castps256_ps128(t)), limits));
+            const __m128i high = truncateUnsigned(clamp(_mm256_cvtps_pd(_mm256_extractf128_ps(t, 1)), limits));
+            storeRaw(to + k * s_nbLanes, _mm256_inserti128_si256(_mm256_castsi128_si256(low), high, 1));
+        }
+    }
+
+private:
+    static KOVIS_SIMD_INLINE __m128i loadLow(const void* from) { return _mm_loadl_epi64(static_cast<const __m128i*>(from)); }
+    static KOVIS_SIMD_INLINE __m128i loadHalf(const void* from) { return _mm_loadu_si128(static_cast<const __m128i*>(from)); }
+
+    static KOVIS_SIMD_INLINE __m256d clamp(__m256d t, const Limits& limits)
+    {
+        return _mm256_max_pd(limits.m_min, _mm256_min_pd(limits.m_max, t));
+    }
+
+    /// Four doubles in 0 to 4294967295, or NaN, to integers; the conversion itself is signed and gives the least int for a NaN.
+    static KOVIS_SIMD_INLINE __m128i truncateUnsigned(__m256d t)
+    {
+        const __m256d half = _mm256_set1_pd(2147483648.0);
+        const __m256d upper = _mm256_cmp_pd(t, half, _CMP_GE_OQ);
+        const __m128i truncated = _mm256_cvttpd_epi32(_mm256_sub_pd(t, _mm256_and_pd(upper, half)));
+        const __m128 upperLanes = _mm_shuffle_ps(_mm_castpd_ps(_mm256_castpd256_pd128(upper)),
+                                                 _mm_castpd_ps(_mm256_extractf128_pd(upper, 1)), _MM_SHUFFLE(2, 0, 2, 0));
+        const __m128i added = _mm_and_si128(_mm_castps_si128(upperLanes), _mm_set1_epi32(static_cast<int>(0x80000000U)));
+        return _mm_add_epi32(_mm_max_epi32(truncated, _mm_setzero_si128()), added);
+    }
+
+    /// The halves convert exactly, so that the one rounding is that of the sum, fused or not.
+    static KOVIS_SIMD_INLINE Float toFloatUnsigned(Int a)
+    {
+        const Float high = _mm256_cvtepi32_ps(_mm256_srli_epi32(a, 16));
+        const Float low = _mm256_cvtepi32_ps(_mm256_and_si256(a, _mm256_set1_epi32(0xFFFF)));
+        return mulAdd(high, _mm256_set1_ps(65536.0F), low);
+    }
+
+    static KOVIS_SIMD_INLINE Int orderBytes(Int packed)
+    {
+        return _mm256_permutevar8x32_epi32(packed, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7));
+    }
+    static KOVIS_SIMD_INLINE Int orderWords(Int packed) { return _mm256_permute4x64_epi64(packed, _MM_SHUFFLE(3, 1, 2, 0)); }
+};
+} // namespace kovis::simd::avx2

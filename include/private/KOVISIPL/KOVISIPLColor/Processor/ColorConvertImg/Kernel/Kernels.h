@@ -1,0 +1,24 @@
+#pragma once
+
+#include "KOVIS/KOVISSimd/Forms.h"
+
+// The kernels as code outside target regions sees them: declarations alone. The definitions stand in the headers of the same
+// names, which units that instantiate kernels include inside a target region. Register names the form (FormOf).
+//
+// Each works on planes of count pixels, in whole blocks: 16 pixels (SSE2), 32 (AVX, AVX2, AVX2 with FMA3), exactly count
+// (generic). Planes need room up to the next whole block. No kernel can fail.
+
+namespace kovis::imaproc::color::kernel
+{
+template <class Register, class Tin, class Tout>
+void linearConvert(unsigned int inSizeC, unsigned int outSizeC, const float* matrix, unsigned long count, const Tin** in, Tout** out);
+
+template <class Register, class Tin, class Tout>
+void copyConvert(unsigned int sizeC, unsigned long count, const Tin** in, Tout** out);
+
+template <class Register, class Tin, class Tout>
+void fromRGBToHSVConvert(unsigned long count, const Tin** in, Tout** out);
+
+template <class Register, class Tin, class Tout>
+void fromHSVToRGBConvert(unsigned long count, const Tin** in, Tout** out);
+} // namespace kovis::imaproc::color::kernel
