@@ -2,61 +2,40 @@
 
 namespace kovis::image
 {
-eImageBufferType getStorageType(const eImageBufferType& type)
+namespace
 {
-    switch (type)
-    {
-    case eIBT_UInt8_8:
-    case eIBT_UInt8_11:
-        return eIBT_UInt8;
-    case eIBT_UInt16_9:
-        return eIBT_UInt16;
-    case eIBT_UInt32_10:
-        return eIBT_UInt32;
-    default:
-        return type >= eIBT_Int8 && type <= eIBT_Real ? type : eIBT_None;
-    }
+struct ElementType
+{
+    eImageBufferType m_storageType;
+    std::size_t m_size;
+    const char* m_name;
+};
+
+// By buffer type.
+constexpr ElementType g_elementTypes[] = {
+    {eIBT_None, 0, "none"},  {eIBT_Int8, 1, "i8"},    {eIBT_UInt8, 1, "u8"},   {eIBT_Int16, 2, "i16"},
+    {eIBT_UInt16, 2, "u16"}, {eIBT_Int32, 4, "i32"},  {eIBT_UInt32, 4, "u32"}, {eIBT_Real, 4, "f32"},
+    {eIBT_UInt8, 1, "u8"},   {eIBT_UInt16, 2, "u16"}, {eIBT_UInt32, 4, "u32"}, {eIBT_UInt8, 1, "u8"},
+};
+
+const ElementType& getElementType(const eImageBufferType& type)
+{
+    return g_elementTypes[type >= eIBT_Int8 && type <= eIBT_UInt8_11 ? type : eIBT_None];
 }
+} // namespace
 
 std::size_t getElementSize(const eImageBufferType& type)
 {
-    switch (getStorageType(type))
-    {
-    case eIBT_Int8:
-    case eIBT_UInt8:
-        return 1;
-    case eIBT_Int16:
-    case eIBT_UInt16:
-        return 2;
-    case eIBT_Int32:
-    case eIBT_UInt32:
-    case eIBT_Real:
-        return 4;
-    default:
-        return 0;
-    }
+    return getElementType(type).m_size;
 }
 
 const char* getElementTypeName(const eImageBufferType& type)
 {
-    switch (getStorageType(type))
-    {
-    case eIBT_Int8:
-        return "i8";
-    case eIBT_UInt8:
-        return "u8";
-    case eIBT_Int16:
-        return "i16";
-    case eIBT_UInt16:
-        return "u16";
-    case eIBT_Int32:
-        return "i32";
-    case eIBT_UInt32:
-        return "u32";
-    case eIBT_Real:
-        return "f32";
-    default:
-        return "none";
-    }
+    return getElementType(type).m_name;
+}
+
+eImageBufferType getStorageType(const eImageBufferType& type)
+{
+    return getElementType(type).m_storageType;
 }
 } // namespace kovis::image

@@ -56,12 +56,14 @@ public:
 
 protected:
     /// `range` is a range of elements of the planes of a 2D image: the rows that the strip is made of, one after the other.
-    BaseImageYStrip(const boost::shared_ptr<const BaseImage>& image, const ElementsRange& range, eStripElements elements, bool bOutput);
+    BaseImageYStrip(const boost::shared_ptr<const BaseImage>& image, const ElementsRange& range, eStripElements elements);
 
     void* getPlaneAddress(unsigned long channel) const;
     void commitPlanes();
 
 private:
+    void bindPlanes();
+
     boost::shared_ptr<const BaseImage> m_image;
     unsigned long m_firstElement = 0;
     unsigned long m_nbElements = 0;

@@ -1,0 +1,6 @@
+#include "KOVIS/KOVISImage/BaseImage.h"
+
+namespace kovis::image
+{
+BaseImage::~BaseImage() = default;
+} // namespace kovis::image
