@@ -9,17 +9,15 @@
 #include <boost/shared_ptr.hpp>
 #include <boost/smart_ptr/enable_shared_from_this.hpp>
 
-#include <atomic>
 #include <chrono>
-#include <memory>
 
 namespace kovis::core
 {
 namespace detail
 {
 class RunContext;
-struct ProgressShare;
 class ActionRunner;
+class BackgroundRun;
 } // namespace detail
 
 /// How run() starts an action.
@@ -41,7 +39,11 @@ enum class eActionState
 
 /// A piece of work that can be run to the end, run in the background, watched and cancelled.
 ///
-/// A background run keeps its action alive until it ends. The watching operations may be called from any thread at any time.
+/// A background run keeps its action alive until it ends, and takes the floating-point settings of the thread that started it with
+/// it. A program waits for its background runs before main ends. The watching operations may be called from any thread at any time.
+///
+/// The hooks of a run, in this order: syncInputDataDerived, runDerived, syncOutputDataDerived; for a run that failed or was cancelled
+/// cleanOnErrorDerived; clearIntermediateData. All on the thread of the run.
 class KOVISCORE_EXPORT BaseAction : public BaseSerializationObject, public boost::enable_shared_from_this<BaseAction>
 {
 public:
@@ -60,13 +62,15 @@ public:
 
     eActionState getState() const;
     /// Returns when no run is under way. True if the last run ended as done; false, with the message, if it failed or was
-    /// cancelled ("... was cancelled"), or if none was started. Must not be called from inside the run that it waits for.
+    /// cancelled ("... was cancelled"), or if none was started. Must not be called from inside the run that it waits for: on the
+    /// thread of that run it is false with a message, on a thread that helps it would never return.
     BoolResult wait() const;
     /// The same with a limit; false with a message when the time is over and the run is still under way.
     BoolResult waitFor(const std::chrono::milliseconds& duration) const;
     /// From 0 to 1 over all steps of the run; never goes back, and is 1 only when the run is done.
     double getProgress() const;
-    /// Asks the run to end: what has not begun is dropped, what has is waited for, and the run ends as cancelled.
+    /// Asks the run to end: what has not begun is dropped, what has is waited for, and the run ends as cancelled. An action that runs
+    /// as a piece of another one's run asks that whole run. Does nothing where no run is under way. Does not wait.
     void requestCancellation();
     /// Waits, then true for a run that is done; rethrows what a failed run failed with; false with a message for a cancelled one.
     BoolResult getRunResult() const;
@@ -84,7 +88,8 @@ protected:
     virtual void cleanOnErrorDerived(const eCleanReason& reason);
     /// The work. Failure is a false result with a message or an exception.
     virtual BoolResult runDerived() = 0;
-    /// Called once when cancellation is asked for while a run is under way, on the asking thread.
+    /// Called once per run when cancellation of this action is asked for while it runs, on the asking thread. The providers that
+    /// the run pulls from are told before. Must not wait for the run.
     virtual void requestCancellationdDerived();
     /// Makes input data available before the work, and output data after it, on the computer of that identifier.
     virtual BoolResult syncInputDataDerived(const Guid& computer) = 0;
@@ -93,17 +98,19 @@ protected:
     virtual void clearIntermediateData();
     virtual void clearOutputData() = 0;
 
-    /// The run that this action is a part of; only inside the hooks of a run. Nested work is given to it.
+    /// This action's part in the run; only inside the hooks of a run (outside it throws KOVISCoreException). Nested work is given to it.
     detail::RunContext& getRunContext() const;
-    /// The part of the whole run's progress that this action stands for; only inside the hooks of a run.
+    /// The part of the whole run's progress that this action stands for; only inside the hooks of a run, as above.
     double getProgressShare() const;
 
 private:
     friend class detail::ActionRunner;
-    struct RunState;
+    friend class detail::BackgroundRun;
+    class RunState;
 
     BasePriority m_priority;
-    std::unique_ptr<RunState> m_runState;
+    // Shared with a background run, which ends after it has let go of its action.
+    boost::shared_ptr<RunState> m_runState;
 };
 
 /// An action that is made of other actions.

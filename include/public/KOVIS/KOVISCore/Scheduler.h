@@ -10,7 +10,7 @@ namespace kovis::core
 {
 /// Runs everything that a provider gives, to the end, on the calling thread and the workers, for who drives a level by hand.
 /// What fails inside comes out as one exception: the first one wins, what has not begun is dropped, what has is waited for.
-/// A step of a run gives nested work to its run instead, by runNestedProvider.
+/// A step of a run gives nested work to its run instead, by runNestedProvider. Throws KOVISCoreException for an empty pointer.
 KOVISCORE_EXPORT void runProvider(const ActionProviderPtr& provider);
 
 /// Runs an action to the end on the calling thread and the workers. Throws what the run failed with: an exception that was thrown
@@ -19,20 +19,21 @@ KOVISCORE_EXPORT void runProvider(const ActionProviderPtr& provider);
 KOVISCORE_EXPORT void executeAction(const boost::shared_ptr<BaseAction>& action);
 
 /// Limits the threads that take part in runs, the calling one included; 0 asks for as many as the computer has processors, which is
-/// the default. Takes effect for runs that start afterwards.
+/// the default, and more than 256 counts as 256. Takes effect for runs that start afterwards. With 1, a run stays on its own thread.
 KOVISCORE_EXPORT void setMaxConcurrency(unsigned int nbThreads);
 KOVISCORE_EXPORT unsigned int getMaxConcurrency();
 
 namespace detail
 {
 /// Runs a provider's actions as a part of a run; `share` is the part of the run's progress that they are. Returns when they have
-/// ended, also after a failure or a cancellation, which the run context then holds; false then.
+/// ended, also after a failure or a cancellation, which the run context then holds; false then, and the caller's result counts for
+/// nothing any more. A provider of one pending action runs on the calling thread; the threads that wait help with the same run.
 KOVISCORE_EXPORT bool runNestedProvider(const ActionProviderPtr& provider, RunContext& context, double share);
 
 /// Whether the run is to stop: cancelled or failed.
 KOVISCORE_EXPORT bool isStopping(const RunContext& context);
 
-/// Adds a finished part of the progress.
+/// Adds a finished part of the progress. What an action has not added when it is done is added then.
 KOVISCORE_EXPORT void addProgress(RunContext& context, double share);
 } // namespace detail
 } // namespace kovis::core

@@ -17,6 +17,9 @@ KOVISCORE_EXPORT const char* getInstructionSetNames();
 /// Whether `name` is one of them.
 KOVISCORE_EXPORT bool isInstructionSetName(const std::string& name);
 
-/// Whether a GPU may be used. False where this build has no device code or no usable device is there.
+/// Whether a GPU may be used. False where this build has no device code, where no usable device is there, and where support has been
+/// switched off. Safe from any thread.
 KOVISCORE_EXPORT bool isGpuSupportActivated();
+/// Switches the use of GPUs off and on again; on is the default.
+KOVISCORE_EXPORT void setGpuSupportActivated(bool bActivated);
 } // namespace kovis::core
