@@ -1,0 +1,47 @@
+#include "KOVIS/KOVISCore/isAvailable.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3Rows.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/UnitMutex.h"
+
+// The initialiser runs on every processor: nothing here is compiled for the set; the kernels stand in units of their own.
+
+namespace kovis::imaproc::color
+{
+namespace
+{
+KOVIS_UNIT_MUTEX(VersionMutex);
+KOVIS_UNIT_MUTEX(TypeNameMutex);
+KOVIS_UNIT_MUTEX(ToolTipMutex);
+KOVIS_UNIT_MUTEX(ForcedInstructionSetsMutex);
+} // namespace
+
+namespace details
+{
+static bool functionRegistration()
+{
+    RowRegistrator<eInstructionSet::eIS_AVX2, eInstructionSet::eIS_AVX2> rows(
+        {"bool kovis::imaproc::color::details::functionRegistration()",
+         "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3_avx2", __LINE__});
+    rows.registerFullTable();
+    rows.report();
+    return true;
+}
+} // namespace details
+
+namespace
+{
+bool enterVariant()
+{
+    VersionMutex::get();
+    TypeNameMutex::get();
+    ToolTipMutex::get();
+    ForcedInstructionSetsMutex::get();
+    if (core::isAvailable(eInstructionSet::eIS_AVX2))
+    {
+        details::functionRegistration();
+    }
+    return true;
+}
+
+[[maybe_unused]] const bool g_bEntered = enterVariant();
+} // namespace
+} // namespace kovis::imaproc::color
