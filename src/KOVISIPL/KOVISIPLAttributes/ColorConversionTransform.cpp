@@ -1,0 +1,18 @@
+#include "KOVISIPL/KOVISIPLAttributes/ColorConversionTransform.h"
+
+#include <boost/make_shared.hpp>
+
+namespace kovis::imaproc::attr
+{
+ColorConversionTransform::ColorConversionTransform() : m_target("target", image::eCGT_Grey), m_matrix("matrix") {}
+ColorConversionTransform::~ColorConversionTransform() = default;
+
+image::eColorGeometryType ColorConversionTransform::getTargetGeometry() const { return image::toColorGeometryType(m_target.getValue()); }
+
+boost::shared_ptr<ColorConversionTransform> createColorConversionTransform(const image::eColorGeometryType& target)
+{
+    const auto transform = boost::make_shared<ColorConversionTransform>();
+    transform->setTarget(target);
+    return transform;
+}
+} // namespace kovis::imaproc::attr
