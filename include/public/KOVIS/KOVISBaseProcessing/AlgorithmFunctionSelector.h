@@ -6,8 +6,9 @@
 #include "KOVIS/KOVISUtil/eInstructionSet.h"
 
 #include <array>
-#include <map>
+#include <cstddef>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace kovis::processor
@@ -37,8 +38,9 @@ public:
     void init(const BaseDataTypeIdentifier& first, const BaseDataTypeIdentifier& second, const BaseDataTypeIdentifier& third);
 
     unsigned int getSize() const { return m_size; }
-    int getId(unsigned int index) const { return m_ids[index]; }
-    /// The types' names in their order, as "u8, f32".
+    /// Throws std::out_of_range for an index above 2.
+    int getId(unsigned int index) const { return m_ids.at(index); }
+    /// The types' names in their order, as "u8 (2), f32 (7)".
     std::string getName() const;
 
     bool operator==(const DataTypeIdentifierColl& other) const { return m_size == other.m_size && m_ids == other.m_ids; }
@@ -51,7 +53,7 @@ private:
 };
 
 /// The instruction sets that a kernel needs, or that are forced. {7} equals {7, 7}; {6, 7} is another set; {0, 0} is generic code;
-/// a cleared one is empty and means that nothing is forced.
+/// a cleared one is empty and means that nothing is forced. Beside another set generic code adds no need, and is left out.
 class KOVISBASEPROCESSING_EXPORT InstructionSetsIdentifier
 {
 public:
@@ -61,6 +63,8 @@ public:
 
     bool isEmpty() const { return m_bits == 0; }
     bool contains(const eInstructionSet& set) const;
+    /// Whether a number is among them that no kernel is written for.
+    bool hasUnknownSet() const;
     /// As "generic", "SSE2", "FMA3 with AVX2"; "none" if empty.
     std::string getName() const;
     bool operator==(const InstructionSetsIdentifier&) const = default;
@@ -98,9 +102,9 @@ public:
     AlgorithmFunctionSelector(const AlgorithmFunctionSelector&) = delete;
     AlgorithmFunctionSelector& operator=(const AlgorithmFunctionSelector&) = delete;
 
-    /// False, with a message: no function, an empty key, sets that are not supported here, or a row of the same key and sets.
+    /// False, with a message: no function, an empty key, no sets, sets that are not supported here, or a row of the same key and sets.
     BoolResult registerFunction(const AlgorithmFunctionIdentifier& identifier);
-    /// Whether every set is available on this computer.
+    /// Whether there are sets, and every one is available on this computer.
     bool isSupported(const InstructionSetsIdentifier& instructionSets) const;
 
     /// The row that a run with this key takes: that of the forced sets if any are forced, else the one of best efficiency among those
@@ -111,7 +115,19 @@ public:
     const std::vector<AlgorithmFunctionIdentifier>& getFunctions() const { return m_functions; }
 
 private:
+    // Rows of one key are chained by their places, so that thousands of rows are entered at the cost of one table.
+    struct KeyHash
+    {
+        std::size_t operator()(const DataTypeIdentifierColl& key) const;
+    };
+    struct Rows
+    {
+        std::size_t m_first;
+        std::size_t m_last;
+    };
+
     std::vector<AlgorithmFunctionIdentifier> m_functions;
-    std::map<DataTypeIdentifierColl, std::vector<unsigned int>> m_rowsByKey;
+    std::vector<std::size_t> m_nextRow; ///< of the same key; its own place if it is the last
+    std::unordered_map<DataTypeIdentifierColl, Rows, KeyHash> m_rowsByKey;
 };
 } // namespace kovis::processor

@@ -28,6 +28,9 @@ protected:
                                              core::ActionProviderPtr& provider) = 0;
     virtual BoolResult preProcess();
     virtual BoolResult postProcess();
+
+private:
+    BoolResult runStep(unsigned int step, unsigned int nbSteps);
 };
 
 /// A processor of one step.

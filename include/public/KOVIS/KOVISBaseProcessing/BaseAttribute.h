@@ -35,10 +35,23 @@ public:
     /// Drops the value.
     virtual void clear() = 0;
 
+    /// Grows whenever a value is given or dropped: who made a value can tell whether it is still there.
+    unsigned long getNbChanges() const
+    {
+        const boost::mutex::scoped_lock lock(m_mutex);
+        return m_nbChanges;
+    }
+
 protected:
     BaseAttribute();
 
+    /// To be called with the lock held, by what gives or drops a value.
+    void countChange() { ++m_nbChanges; }
+
     /// Guards the value.
     mutable boost::mutex m_mutex;
+
+private:
+    unsigned long m_nbChanges = 0;
 };
 } // namespace kovis::processor

@@ -63,7 +63,9 @@ public:
 protected:
     BaseProcessor();
 
+    /// Drops the values of all attributes.
     void globalCleanDerived() override;
+    /// Takes out what initializers of this run made.
     void cleanOnErrorDerived(const eCleanReason& reason) override;
     BoolResult syncInputDataDerived(const Guid& computer) override;
     BoolResult syncOutputDataDerived(const Guid& computer) override;
@@ -87,7 +89,18 @@ private:
     std::map<std::string, boost::shared_ptr<BaseOutputInitializer>> m_outputInitializers;
     ProcessorDispatchPolicy m_dispatchPolicy;
     boost::shared_ptr<BaseRule> m_rule;
-    std::vector<boost::shared_ptr<BaseAttribute>> m_madeOutputs; ///< outputs that initializers of this run made
+    /// An output that an initializer of this run made, and the attribute's count of changes right afterwards.
+    struct MadeOutput
+    {
+        boost::shared_ptr<BaseAttribute> m_attribute;
+        unsigned long m_nbChanges;
+    };
+
+    BoolResult checkInputs() const;
+    BoolResult makeOutputs();
+    void clearAttributes(bool bOutputs);
+
+    std::vector<MadeOutput> m_madeOutputs;
     bool m_bInitialised = false;
 };
 

@@ -41,11 +41,16 @@ public:
 protected:
     BaseProcessorDispatcher();
 
-    /// `pieceLength` elements a piece, the last one shorter; all pieces together are [0, nbElements).
-    void initPieces(const core::BasePriority& priority, unsigned long nbElements, unsigned long pieceLength);
+    /// `pieceLength` elements a piece, the last one shorter; all pieces together are [0, nbElements). Every piece's processor is held
+    /// against `splits`, which live until clearDerived.
+    void initPieces(const core::BasePriority& priority, unsigned long nbElements, unsigned long pieceLength,
+                    std::vector<const BaseDataSplit*> splits);
 
 private:
+    BoolResult makeProcessor(const ElementsRange& range, const core::BaseRequestOrigin& origin, boost::shared_ptr<BaseProcessor>& processor);
+
     core::BasePriority m_priority;
+    std::vector<const BaseDataSplit*> m_checkedSplits;
     unsigned long m_nbElements = 0;
     unsigned long m_pieceLength = 1;
     unsigned long m_nbPieces = 0;

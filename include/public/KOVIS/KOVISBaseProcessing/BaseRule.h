@@ -75,8 +75,20 @@ private:
     bool m_bInitialised = false;
 };
 
-/// Holds if an optional attribute is set.
-class KOVISBASEPROCESSING_EXPORT RuleOptionalIsSet : public BaseRule
+/// A rule on an optional attribute, the first of its two.
+class KOVISBASEPROCESSING_EXPORT BaseOptionalRule : public BaseAttributeRule
+{
+public:
+    ~BaseOptionalRule() override;
+
+    eAttributeRuleType getAttributeRuleType() const override;
+
+protected:
+    BaseOptionalRule();
+};
+
+/// Holds if an optional attribute is set, and not to a null pointer.
+class KOVISBASEPROCESSING_EXPORT RuleOptionalIsSet : public BaseOptionalRule
 {
 public:
     RuleOptionalIsSet();
@@ -84,16 +96,9 @@ public:
 
     void init(const boost::weak_ptr<const BaseAttribute>& attribute);
 
-    eRuleType getRuleType() const override;
     bool testRule() const override;
     std::string createRuleFormalString() const override;
     std::string createRuleEvaluatedString(unsigned int indentation) const override;
-
-private:
-    boost::shared_ptr<const BaseAttribute> getAttribute() const;
-
-    boost::weak_ptr<const BaseAttribute> m_attribute;
-    bool m_bInitialised = false;
 };
 
 /// Both must hold; the second is not looked at if the first does not. An empty pointer is refused with KOVISBaseProcessingException.

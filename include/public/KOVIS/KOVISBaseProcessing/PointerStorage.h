@@ -23,6 +23,7 @@ public:
         const boost::mutex::scoped_lock lock(this->m_mutex);
         dropped.swap(m_value);
         m_bInitialised = false;
+        this->countChange();
     }
 
 protected:
@@ -32,6 +33,7 @@ protected:
         const boost::mutex::scoped_lock lock(this->m_mutex);
         m_value.swap(copy);
         m_bInitialised = true;
+        this->countChange();
     }
     boost::shared_ptr<T> getPointer() const
     {

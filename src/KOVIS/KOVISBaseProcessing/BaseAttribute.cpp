@@ -1,0 +1,7 @@
+#include "KOVIS/KOVISBaseProcessing/BaseAttribute.h"
+
+namespace kovis::processor
+{
+BaseAttribute::BaseAttribute() = default;
+BaseAttribute::~BaseAttribute() = default;
+} // namespace kovis::processor

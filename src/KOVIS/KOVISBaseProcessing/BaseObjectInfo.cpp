@@ -1,0 +1,6 @@
+#include "KOVIS/KOVISBaseProcessing/BaseObjectInfo.h"
+
+namespace kovis::processor
+{
+BaseObjectInfo::~BaseObjectInfo() = default;
+} // namespace kovis::processor
