@@ -118,6 +118,11 @@ extern template class BaseImageYStripSplit<const image::BaseImage, image::InputI
 extern template class BaseImageYStripSplit<image::BaseImage, image::OutputImageYStripColor2d>;
 extern template class BaseImageYStripSplit<image::BaseImage, image::OutputImageYStrip2d>;
 
+namespace detail
+{
+KOVISIMAGEPROCESSING_EXPORT BoolResult refuseBorder();
+} // namespace detail
+
 template <class TImage, class TStrip>
 class BaseImageYStripColor2dSplit : public BaseImageYStripSplit<TImage, TStrip>
 {
@@ -127,7 +132,7 @@ public:
     /// The flag asks for a border around strips, which this library has none of: it is refused with a message.
     BoolResult initBase(const boost::shared_ptr<TImage>& image, const eStripAllocationType&, const eStripParsingDirection&, bool bBorder)
     {
-        return bBorder ? BoolResult(false, "strips with a border are not made here: pass false") : this->initImage(image);
+        return bBorder ? detail::refuseBorder() : this->initImage(image);
     }
 };
 

@@ -2,6 +2,7 @@
 
 #include "KOVIS/KOVISBaseProcessing/BaseDataParser.h"
 #include "KOVIS/KOVISImageProcessing/BaseStripAttribute.h"
+#include "KOVIS/KOVISImageProcessing/KOVISImageProcessingExport.h"
 
 #include <boost/shared_ptr.hpp>
 
@@ -9,6 +10,12 @@
 
 namespace kovis::imaproc
 {
+namespace detail
+{
+/// Throws KOVISImageProcessingException.
+[[noreturn]] KOVISIMAGEPROCESSING_EXPORT void throwUnboundParser();
+} // namespace detail
+
 /// Binds the strip of an attribute of type A.
 template <class A>
 class BaseRawStripParser : public processor::BaseDataParser
@@ -30,6 +37,17 @@ public:
     }
 
 protected:
+    /// Throws KOVISImageProcessingException if no strip is bound.
+    auto& getStrip() const
+    {
+        if (!m_strip)
+        {
+            detail::throwUnboundParser();
+        }
+        return *m_strip;
+    }
+
+private:
     typename A::StorageType m_strip;
 };
 
@@ -50,8 +68,8 @@ class RawYStripUserColor2dParser : public BaseRawYStripColor2dParser<A>
 public:
     using Element = std::conditional_t<A::g_bOutput, T, const T>;
 
-    /// The first element of a channel's run. A strip must be bound.
-    virtual Element* accessBuffer(unsigned long channel) { return static_cast<Element*>(this->m_strip->getPlane(channel)); }
+    /// The first element of a channel's run. Throws KOVISImageProcessingException if no strip is bound.
+    virtual Element* accessBuffer(unsigned long channel) { return static_cast<Element*>(this->getStrip().getPlane(channel)); }
 };
 
 /// The plane of a one-channel strip as elements T.
@@ -61,7 +79,7 @@ class RawYStrip2dParser : public BaseRawYStrip2dParser<A>
 public:
     using Element = std::conditional_t<A::g_bOutput, T, const T>;
 
-    /// The first element of the plane's run. A strip must be bound.
-    virtual Element* accessBuffer() { return static_cast<Element*>(this->m_strip->getPlane()); }
+    /// The first element of the plane's run. Throws KOVISImageProcessingException if no strip is bound.
+    virtual Element* accessBuffer() { return static_cast<Element*>(this->getStrip().getPlane()); }
 };
 } // namespace kovis::imaproc
