@@ -1,0 +1,155 @@
+#include "ColourSpace.h"
+#include "Commands.h"
+#include "InstructionSets.h"
+#include "ToolError.h"
+
+#include <CLI/CLI.hpp>
+
+#include <new>
+#include <ostream>
+
+namespace kovis::tool
+{
+namespace
+{
+constexpr unsigned int g_maxThreads = 4096;
+constexpr std::uint64_t g_maxMebibytes = std::uint64_t{1} << 40;
+
+constexpr const char* g_mainFooter = "Examples:\n"
+                                     "  kovis-color convert photo.jpg -o hsv.tif --to hsv\n"
+                                     "  kovis-color info hsv.tif\n"
+                                     "  kovis-color kernels\n"
+                                     "See kovis-color VERB --help for each verb. Exit codes: 0 good, 1 failed, 2 misused.";
+
+constexpr const char* g_convertFooter =
+    "Samples are taken as the numbers that they are: nothing is scaled, and where the sRGB curve is part of the way\n"
+    "(rgb to xyz, lab or luv) they are read on the scale 0 to 255. The element type of the result is that of the input\n"
+    "for ycbcr and between rgb and rgba, otherwise f32; a format that cannot hold it takes the nearest that it can.\n"
+    "The output's extension tells its format: .tif, .tiff, .png, .jpg, .jpeg.\n\n"
+    "Examples:\n"
+    "  kovis-color convert photo.png -o hsv.tif --to hsv\n"
+    "  kovis-color convert hsv.tif -o photo.png --from hsv --to rgb --type u8\n"
+    "  kovis-color convert photo.jpg -o sum.tif --to user --matrix 1,1,1,0\n"
+    "  kovis-color convert five.tif -o rgb.tif --from user --to rgb --matrix mix.txt --threads 2\n"
+    "  kovis-color convert photo.png -o ycbcr.png --to ycbcr --isa sse2 --json";
+
+constexpr const char* g_infoFooter = "Examples:\n"
+                                     "  kovis-color info photo.png\n"
+                                     "  kovis-color info stack.tif --json";
+
+constexpr const char* g_kernelsFooter = "Examples:\n"
+                                        "  kovis-color kernels\n"
+                                        "  KOVIS_MAX_INSTRUCTION_SET=sse2 kovis-color kernels --json";
+
+/// The grammar of the command line, with the places that it fills.
+class CommandLine
+{
+public:
+    CommandLine();
+
+    int run(int argc, const char* const* argv, std::ostream& out, std::ostream& err);
+
+private:
+    void addMaxMemory(CLI::App& verb, std::uint64_t& target);
+
+    CLI::App m_app{"Converts pictures between colour spaces.", "kovis-color"};
+    CLI::App* m_convert = nullptr;
+    CLI::App* m_info = nullptr;
+    CLI::App* m_kernels = nullptr;
+    ConvertOptions m_convertOptions;
+    InfoOptions m_infoOptions;
+    bool m_bKernelsJson = false;
+};
+
+void CommandLine::addMaxMemory(CLI::App& verb, std::uint64_t& target)
+{
+    verb.add_option("--max-memory", target, "Most memory for the samples of the file, in MiB (8192 if not given)")
+        ->check(CLI::Range(std::uint64_t{1}, g_maxMebibytes));
+}
+
+CommandLine::CommandLine()
+{
+    m_app.require_subcommand(1);
+    m_app.footer(g_mainFooter);
+
+    m_convert = m_app.add_subcommand("convert", "Convert a picture from its colour space to another");
+    m_convert->footer(g_convertFooter);
+    m_convert->add_option("IN", m_convertOptions.input, "The picture: TIFF, PNG or JPEG, told by its content")->required();
+    m_convert->add_option("-o,--output", m_convertOptions.output, "The file to write")->required();
+    m_convert->add_option("--to", m_convertOptions.to, "Space of the result: " + getSpaceNames())->required();
+    m_convert->add_option("--from", m_convertOptions.from,
+                          "Space of the input (by its channels if not given: 1 grey, 3 rgb, 4 rgba, others user)");
+    m_convert->add_option("--matrix", m_convertOptions.matrix,
+                          "For user: rows of a factor per input channel and an offset; numbers, or a file that holds them");
+    m_convert->add_option("--type", m_convertOptions.type, "Element type of the result: u8, i8, u16, i16, u32, i32, f32");
+    m_convert->add_option("--isa", m_convertOptions.isa, "Instruction set to use: generic, sse2, avx, avx2, fma3");
+    m_convert->add_option("--threads", m_convertOptions.threads, "Threads to use (all processors if not given)")
+        ->check(CLI::Range(1U, g_maxThreads));
+    addMaxMemory(*m_convert, m_convertOptions.maxMemory);
+    m_convert->add_flag("--json", m_convertOptions.bJson, "Tell what was done as JSON");
+
+    m_info = m_app.add_subcommand("info", "Tell what a picture file holds");
+    m_info->footer(g_infoFooter);
+    m_info->add_option("FILE", m_infoOptions.file, "The picture: TIFF, PNG or JPEG")->required();
+    addMaxMemory(*m_info, m_infoOptions.maxMemory);
+    m_info->add_flag("--json", m_infoOptions.bJson, "Answer as JSON");
+
+    m_kernels = m_app.add_subcommand("kernels", "Tell which kernels this machine can run");
+    m_kernels->footer(g_kernelsFooter);
+    m_kernels->add_flag("--json", m_bKernelsJson, "Answer as JSON");
+}
+
+int CommandLine::run(int argc, const char* const* argv, std::ostream& out, std::ostream& err)
+{
+    try
+    {
+        m_app.parse(argc, argv);
+    }
+    catch (const CLI::CallForHelp& help)
+    {
+        return m_app.exit(help, out, err);
+    }
+    catch (const CLI::ParseError& error)
+    {
+        const std::vector<CLI::App*> verbs = m_app.get_subcommands();
+        const std::string verb = verbs.empty() ? "" : verbs.front()->get_name() + " ";
+        throw ToolError("kovis-color", error.what(), "see kovis-color " + verb + "--help", eMisused);
+    }
+    checkEnvironment();
+    if (m_convert->parsed())
+        runConvert(m_convertOptions, out, err);
+    else if (m_info->parsed())
+        runInfo(m_infoOptions, out);
+    else
+        runKernels(m_bKernelsJson, out);
+    out.flush();
+    if (!out)
+        throw ToolError("standard output", "the answer could not be written", "see that its reader stays and the disk has room");
+    return eSuccess;
+}
+} // namespace
+
+int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err)
+{
+    try
+    {
+        return CommandLine().run(argc, argv, out, err);
+    }
+    catch (const ToolError& error)
+    {
+        const std::string line = error.what();
+        const std::string name = "kovis-color: ";
+        err << (line.compare(0, name.size(), name) == 0 ? "" : name) << line << "\n";
+        return error.getExitCode();
+    }
+    catch (const std::bad_alloc&)
+    {
+        err << "kovis-color: not enough memory; take a smaller picture or fewer threads\n";
+    }
+    catch (const std::exception& error)
+    {
+        err << "kovis-color: " << toOneLine(error.what()) << "\n";
+    }
+    return eFailed;
+}
+} // namespace kovis::tool

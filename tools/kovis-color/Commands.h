@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <iosfwd>
+#include <string>
+
+namespace kovis::tool
+{
+/// What `kovis-color convert` was told. Empty texts and 0 where it was told nothing.
+struct ConvertOptions
+{
+    std::string input;
+    std::string output;
+    std::string from;
+    std::string to;
+    std::string matrix;
+    std::string type;
+    std::string isa;
+    unsigned int threads = 0;
+    std::uint64_t maxMemory = 0; ///< MiB
+    bool bJson = false;
+};
+
+struct InfoOptions
+{
+    std::string file;
+    std::uint64_t maxMemory = 0; ///< MiB
+    bool bJson = false;
+};
+
+/// The verbs. Answers go to `out`, warnings and notes to `err`; what fails is thrown.
+void runConvert(const ConvertOptions& options, std::ostream& out, std::ostream& err);
+void runInfo(const InfoOptions& options, std::ostream& out);
+void runKernels(bool bJson, std::ostream& out);
+
+/// The whole program: reads the command line, runs the verb, tells errors in one line on `err`. Returns the exit code.
+int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err);
+} // namespace kovis::tool

@@ -1,0 +1,171 @@
+#include "Conversion.h"
+
+#include "ColourSpace.h"
+#include "LibraryImage.h"
+#include "ToolError.h"
+
+#include "KOVIS/KOVISImage/ImageFactory.h"
+#include "KOVISIPL/KOVISIPLAttributes/ColorConversionTransform.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImg.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl2.h"
+
+#include <boost/make_shared.hpp>
+
+#include <chrono>
+#include <stdexcept>
+
+namespace kovis::tool
+{
+namespace
+{
+using image::BaseImage;
+using imaproc::attr::ColorConversionTransform;
+using TransformPtr = boost::shared_ptr<const ColorConversionTransform>;
+
+constexpr std::chrono::milliseconds g_listeningInterval(100);
+constexpr float g_minSample = 0.0F;
+constexpr float g_maxSample = 255.0F;
+
+TransformPtr makeTransform(const Conversion& conversion)
+{
+    const boost::shared_ptr<ColorConversionTransform> transform = imaproc::attr::createColorConversionTransform(conversion.to);
+    if (!conversion.matrix.empty())
+        transform->setMatrix(conversion.matrix);
+    return transform;
+}
+
+/// Waits for a background run and rethrows what it failed with. The run stands for the part of the progress from `begin` to `end`.
+void follow(const core::BaseAction& action, const ProgressListener& listener, double begin, double end)
+{
+    while (!action.waitFor(g_listeningInterval) && action.getState() == core::eActionState::running)
+        listener(begin + (end - begin) * action.getProgress());
+    const BoolResult result = action.getRunResult();
+    if (!result)
+        throw std::runtime_error(result.getMessage());
+    listener(end);
+}
+
+/// The test that the library makes before it reads samples by the sRGB curve. A NaN fails it.
+void checkRange(const Picture& picture)
+{
+    for (std::size_t page = 0; page < picture.shape.pages; ++page)
+    {
+        for (std::size_t channel = 0; channel < picture.shape.channels; ++channel)
+        {
+            const float* plane = picture.getPlane<float>(page, channel);
+            bool bInside = true;
+            for (std::size_t sample = 0; sample < picture.shape.getPlaneSamples(); ++sample)
+                bInside &= plane[sample] >= g_minSample && plane[sample] <= g_maxSample;
+            if (!bInside)
+                throw std::runtime_error("Error: the image values does not match the range [0, 255]");
+        }
+    }
+}
+
+void convertSlices(const boost::shared_ptr<const BaseImage>& input, const TransformPtr& transform,
+                   const boost::shared_ptr<BaseImage>& result, const ProgressListener& listener)
+{
+    using imaproc::color::ColorConvertImgLvl2;
+    const unsigned long nbSlices = input->getSizeZ();
+    for (unsigned long z = 0; z < nbSlices; ++z)
+    {
+        const auto processor = boost::make_shared<ColorConvertImgLvl2>();
+        processor->init();
+        processor->set<imaproc::attr::InSubColorImg2d>(image::getSlice2d(input, z, 0));
+        processor->set<imaproc::attr::InColorConversionTransform>(transform);
+        processor->set<imaproc::attr::OutSubColorImg2d>(image::getSlice2d(result, z, 0));
+        const BoolResult started = processor->run(core::eST_Asynchronous);
+        if (!started)
+            throw std::runtime_error(started.getMessage());
+        const auto all = static_cast<double>(nbSlices);
+        follow(*processor, listener, static_cast<double>(z) / all, static_cast<double>(z + 1) / all);
+    }
+}
+
+bool usesMatrix(const Conversion& conversion)
+{
+    return conversion.from == image::eCGT_User || conversion.to == image::eCGT_User;
+}
+
+/// Channels at the other end of the link that a user source begins with.
+std::size_t getFirstLinkChannels(image::eColorGeometryType to)
+{
+    const std::size_t channels = getSpaceChannels(to);
+    return channels == 0 ? 3 : channels;
+}
+
+void checkMatrix(const Conversion& conversion, std::size_t inputChannels)
+{
+    const std::size_t nbNumbers = conversion.matrix.size();
+    const std::string columns = std::to_string(inputChannels + 1);
+    if (!usesMatrix(conversion))
+    {
+        if (nbNumbers != 0)
+            throw ToolError("--matrix", "is of no use from " + std::string(getSpaceName(conversion.from)) + " to " +
+                                            getSpaceName(conversion.to),
+                            "use it with --to user or --from user", eMisused);
+        return;
+    }
+    if (nbNumbers == 0)
+        throw ToolError("--matrix", "is missing, and only a matrix says what a user space is",
+                        "give rows of " + columns + " numbers: a factor for each channel of the input, then an offset", eMisused);
+    if (conversion.to == image::eCGT_User)
+    {
+        if (nbNumbers % (inputChannels + 1) != 0)
+            throw ToolError("--matrix", "has " + std::to_string(nbNumbers) + " numbers, which do not make whole rows of " + columns,
+                            "give each row a factor for each channel of the input and then an offset", eMisused);
+        return;
+    }
+    const std::size_t rows = getFirstLinkChannels(conversion.to);
+    if (nbNumbers != rows * (inputChannels + 1))
+        throw ToolError("--matrix", "has " + std::to_string(nbNumbers) + " numbers",
+                        "give " + std::to_string(rows) + " rows of " + columns + " numbers to lead " + std::to_string(inputChannels) +
+                            " channel(s) to " + getSpaceName(conversion.to),
+                        eMisused);
+}
+} // namespace
+
+std::size_t getResultChannels(const Conversion& conversion, std::size_t inputChannels)
+{
+    return conversion.to == image::eCGT_User ? conversion.matrix.size() / (inputChannels + 1) : getSpaceChannels(conversion.to);
+}
+
+void checkConversion(const std::string& subject, const Conversion& conversion, std::size_t inputChannels)
+{
+    const std::size_t wanted = getSpaceChannels(conversion.from);
+    if (wanted != 0 && wanted != inputChannels)
+        throw ToolError(subject,
+                        "has " + std::to_string(inputChannels) + " channel(s), but " + getSpaceName(conversion.from) + " has " +
+                            std::to_string(wanted),
+                        "choose --from to fit, user takes any number", eMisused);
+    checkMatrix(conversion, inputChannels);
+}
+
+bool isLeftEmptyByTheLibrary(const Conversion& conversion, ElementType inputType)
+{
+    return inputType == ElementType::eF32 && conversion.from == image::eCGT_Rgb &&
+           (conversion.to == image::eCGT_CieLab || conversion.to == image::eCGT_XYZ);
+}
+
+boost::shared_ptr<BaseImage> convertPicture(const boost::shared_ptr<Picture>& picture, const Conversion& conversion,
+                                            const ProgressListener& listener)
+{
+    const boost::shared_ptr<const BaseImage> input = wrapPicture(picture, conversion.from);
+    const TransformPtr transform = makeTransform(conversion);
+    const auto makeResult = [&](ElementType type)
+    { return createResult(picture->shape, conversion.to, getResultChannels(conversion, picture->shape.channels), type); };
+
+    if (isLeftEmptyByTheLibrary(conversion, picture->shape.type))
+    {
+        checkRange(*picture);
+        const boost::shared_ptr<BaseImage> result = makeResult(conversion.resultType.value_or(ElementType::eF32));
+        convertSlices(input, transform, result, listener);
+        return result;
+    }
+    const auto processor = conversion.resultType
+                               ? imaproc::color::colorConvertImg_async(input, transform, makeResult(*conversion.resultType))
+                               : imaproc::color::colorConvertImg_async(input, transform);
+    follow(*processor, listener, 0.0, 1.0);
+    return imaproc::color::getAsyncProcessorOutput(processor);
+}
+} // namespace kovis::tool

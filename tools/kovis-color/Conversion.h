@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Picture.h"
+
+#include "KOVIS/KOVISImage/BaseImage.h"
+#include "KOVIS/KOVISImage/eColorGeometryType.h"
+
+#include <boost/shared_ptr.hpp>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kovis::tool
+{
+/// What to make of a picture.
+struct Conversion
+{
+    image::eColorGeometryType from = image::eCGT_Rgb;
+    image::eColorGeometryType to = image::eCGT_Rgb;
+    std::vector<float> matrix;             ///< where one end is eCGT_User
+    std::optional<ElementType> resultType; ///< nothing: what the library chooses
+};
+
+/// Hears of the progress, from 0 to 1, every so often on the calling thread.
+using ProgressListener = std::function<void(double)>;
+
+/// Channels of the result; for a user target as the matrix says.
+std::size_t getResultChannels(const Conversion& conversion, std::size_t inputChannels);
+
+/// Throws ToolError (misused) for spaces, channel count and matrix that do not go together. `subject` is the file's name.
+void checkConversion(const std::string& subject, const Conversion& conversion, std::size_t inputChannels);
+
+/// Whether the library's whole-image processor would leave an empty image: it reads its working image, which nobody filled.
+bool isLeftEmptyByTheLibrary(const Conversion& conversion, ElementType inputType);
+
+/// Converts. What the library refuses comes out as its own exception. The picture is kept alive by the call alone.
+boost::shared_ptr<image::BaseImage> convertPicture(const boost::shared_ptr<Picture>& picture, const Conversion& conversion,
+                                                   const ProgressListener& listener);
+} // namespace kovis::tool

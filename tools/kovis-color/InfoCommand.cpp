@@ -1,0 +1,139 @@
+#include "ColourSpace.h"
+#include "Commands.h"
+#include "PictureFile.h"
+#include "ToolError.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <ostream>
+#include <vector>
+
+namespace kovis::tool
+{
+namespace
+{
+/// The least and the greatest finite sample of a channel over all pages.
+struct ChannelRange
+{
+    double minimum = 0.0;
+    double maximum = 0.0;
+    std::size_t nbFinite = 0;
+    std::size_t nbOthers = 0; ///< NaN and infinities
+};
+
+template <class T>
+ChannelRange measure(const Picture& picture, std::size_t channel)
+{
+    ChannelRange range;
+    for (std::size_t page = 0; page < picture.shape.pages; ++page)
+    {
+        const T* plane = picture.getPlane<T>(page, channel);
+        for (std::size_t index = 0; index < picture.shape.getPlaneSamples(); ++index)
+        {
+            const auto sample = static_cast<double>(plane[index]);
+            if (!std::isfinite(sample))
+            {
+                ++range.nbOthers;
+                continue;
+            }
+            range.minimum = range.nbFinite == 0 ? sample : std::min(range.minimum, sample);
+            range.maximum = range.nbFinite == 0 ? sample : std::max(range.maximum, sample);
+            ++range.nbFinite;
+        }
+    }
+    return range;
+}
+
+ChannelRange measureChannel(const Picture& picture, std::size_t channel)
+{
+    switch (picture.shape.type)
+    {
+    case ElementType::eI8:
+        return measure<std::int8_t>(picture, channel);
+    case ElementType::eU8:
+        return measure<std::uint8_t>(picture, channel);
+    case ElementType::eI16:
+        return measure<std::int16_t>(picture, channel);
+    case ElementType::eU16:
+        return measure<std::uint16_t>(picture, channel);
+    case ElementType::eI32:
+        return measure<std::int32_t>(picture, channel);
+    case ElementType::eU32:
+        return measure<std::uint32_t>(picture, channel);
+    case ElementType::eF32:
+        break;
+    }
+    return measure<float>(picture, channel);
+}
+
+void printJson(const InfoOptions& options, const Picture& picture, image::eColorGeometryType space, std::ostream& out)
+{
+    nlohmann::json answer;
+    answer["file"] = options.file;
+    answer["format"] = picture.format;
+    answer["sizeX"] = picture.shape.sizeX;
+    answer["sizeY"] = picture.shape.sizeY;
+    answer["pages"] = picture.shape.pages;
+    answer["channels"] = picture.shape.channels;
+    answer["type"] = getElementName(picture.shape.type);
+    answer["space"] = getSpaceName(space);
+    answer["alpha"] = picture.hasAlpha;
+    answer["description"] = picture.description;
+    answer["doubt"] = picture.doubt;
+    answer["note"] = picture.note;
+    answer["ranges"] = nlohmann::json::array();
+    for (std::size_t channel = 0; channel < picture.shape.channels; ++channel)
+    {
+        const ChannelRange range = measureChannel(picture, channel);
+        nlohmann::json entry = {{"min", nullptr}, {"max", nullptr}, {"notFinite", range.nbOthers}};
+        if (range.nbFinite != 0)
+        {
+            entry["min"] = range.minimum;
+            entry["max"] = range.maximum;
+        }
+        answer["ranges"].push_back(entry);
+    }
+    out << answer.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
+}
+
+void printText(const InfoOptions& options, const Picture& picture, image::eColorGeometryType space, std::ostream& out)
+{
+    const PictureShape& shape = picture.shape;
+    out << toOneLine(options.file) << ": " << picture.format << ", " << shape.sizeX << " x " << shape.sizeY << ", " << shape.channels
+        << " channel(s), " << getElementName(shape.type) << ", " << shape.pages << " page(s), read as " << getSpaceName(space) << "\n";
+    if (!picture.description.empty())
+        out << "  description: " << picture.description << "\n";
+    if (!picture.doubt.empty())
+        out << "  " << picture.doubt << "; convert needs --from\n";
+    if (!picture.note.empty())
+        out << "  " << picture.note << "\n";
+    for (std::size_t channel = 0; channel < shape.channels; ++channel)
+    {
+        const ChannelRange range = measureChannel(picture, channel);
+        out << "  channel " << getChannelName(space, channel) << ": ";
+        if (range.nbFinite == 0)
+            out << "no finite sample";
+        else
+            out << range.minimum << " to " << range.maximum;
+        if (range.nbOthers != 0)
+            out << ", " << range.nbOthers << " sample(s) not finite";
+        out << "\n";
+    }
+}
+} // namespace
+
+void runInfo(const InfoOptions& options, std::ostream& out)
+{
+    ReadLimits limits;
+    if (options.maxMemory != 0)
+        limits.maxBytes = options.maxMemory << 20;
+    const Picture picture = readPicture(options.file, limits);
+    const image::eColorGeometryType space = getDefaultSpace(picture.shape.channels);
+    if (options.bJson)
+        printJson(options, picture, space, out);
+    else
+        printText(options, picture, space, out);
+}
+} // namespace kovis::tool

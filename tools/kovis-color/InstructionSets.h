@@ -1,0 +1,34 @@
+#pragma once
+
+#include "KOVIS/KOVISBaseProcessing/AlgorithmFunctionSelector.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kovis::tool
+{
+/// A form of the kernels by its name on the command line: "generic", "sse2", "avx", "avx2", "fma3".
+struct KernelForm
+{
+    const char* name;
+    eInstructionSet::domain first;
+    eInstructionSet::domain second;
+
+    processor::InstructionSetsIdentifier getSets() const;
+    /// Whether this machine can run it.
+    bool isAvailable() const;
+};
+
+/// All forms, the weakest first.
+const std::vector<KernelForm>& getKernelForms();
+
+/// Makes all conversions run that form. Throws ToolError for an unknown name (misused) and for a form that cannot run here.
+void forceKernelForm(const std::string& name);
+
+/// The kernel tables by the names of their classes.
+std::vector<std::pair<std::string, const processor::AlgorithmFunctionSelector*>> getKernelTables();
+
+/// Throws ToolError (misused) when KOVIS_MAX_INSTRUCTION_SET holds an unknown name.
+void checkEnvironment();
+} // namespace kovis::tool
