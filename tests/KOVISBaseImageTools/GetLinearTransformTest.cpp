@@ -1,5 +1,5 @@
-#include "KOVIS/KOVISBaseImageTools/KOVISBaseImageToolsLog.h"
 #include "KOVIS/KOVISBaseImageTools/getLinearTransform.h"
+#include "KOVIS/KOVISBaseImageTools/KOVISBaseImageToolsLog.h"
 
 #include <gtest/gtest.h>
 
@@ -53,7 +53,8 @@ void expectNear(const Values& expected, const Values& actual, double bound)
     }
 }
 
-// The published meaning of each space, with no matrix: what the offsets and alpha are for each buffer type stands in these tables.
+// The published meaning of each space, with no matrix: what the offsets and alpha are for each buffer type stands in these
+// tables.
 const double g_chroma[] = {0, 0, 128, 0, 32768, 0, 2147483648.0, 128, 128, 32768, 2147483648.0, 128};
 const double g_alpha[] = {0, 127, 255, 32767, 65535, 2147483647.0, 4294967295.0, 255, 255, 65535, 4294967295.0, 255};
 
@@ -72,7 +73,8 @@ Values modelFromRgb(const eColorGeometryType& to, const Values& rgb, int type)
         return {luma, (rgb[2] - luma) / 1.772 + offset, (rgb[0] - luma) / 1.402 + offset};
     case eCGT_XYZ:
         // Published to seven digits.
-        return {0.4124564 * rgb[0] + 0.3575761 * rgb[1] + 0.1804375 * rgb[2], 0.2126729 * rgb[0] + 0.7151522 * rgb[1] + 0.0721750 * rgb[2],
+        return {0.4124564 * rgb[0] + 0.3575761 * rgb[1] + 0.1804375 * rgb[2],
+                0.2126729 * rgb[0] + 0.7151522 * rgb[1] + 0.0721750 * rgb[2],
                 0.0193339 * rgb[0] + 0.1191920 * rgb[1] + 0.9503041 * rgb[2]};
     default:
         return rgb;
@@ -202,7 +204,8 @@ TEST(GetLinearTransform, chromaCoefficientsOfYCbCr)
     expectNear({0.5, -0.418687589158345, -0.081312410841655, 128.0}, {forth(2, 0), forth(2, 1), forth(2, 2), forth(2, 3)}, 1e-14);
     const LinearTransform back = getLinearTransform(eCGT_YCbCr, eCGT_Rgb, eIBT_UInt8, eIBT_UInt8);
     expectNear({1.0, 0.0, 1.402, -179.456}, {back(0, 0), back(0, 1), back(0, 2), back(0, 3)}, 1e-12);
-    expectNear({1.0, -0.344136286201022, -0.714136286201022, 135.458889267462}, {back(1, 0), back(1, 1), back(1, 2), back(1, 3)}, 1e-11);
+    expectNear({1.0, -0.344136286201022, -0.714136286201022, 135.458889267462}, {back(1, 0), back(1, 1), back(1, 2), back(1, 3)},
+               1e-11);
     expectNear({1.0, 1.772, 0.0, -226.816}, {back(2, 0), back(2, 1), back(2, 2), back(2, 3)}, 1e-12);
 }
 
@@ -240,7 +243,8 @@ TEST(GetLinearTransform, alphaFollowsTheTypeOfTheRgbaEnd)
             EXPECT_EQ(g_alpha[type], transform(3, channels(from))) << type;
         }
         // On the way in it counts for nothing.
-        EXPECT_EQ(convert(eCGT_Rgba, eCGT_XYZ, {1.0, 2.0, 3.0, 0.0}, type), convert(eCGT_Rgba, eCGT_XYZ, {1.0, 2.0, 3.0, 99.0}, type));
+        EXPECT_EQ(convert(eCGT_Rgba, eCGT_XYZ, {1.0, 2.0, 3.0, 0.0}, type),
+                  convert(eCGT_Rgba, eCGT_XYZ, {1.0, 2.0, 3.0, 99.0}, type));
     }
 }
 
@@ -268,7 +272,8 @@ TEST(GetLinearTransform, allPairsAndTypesFollowTheDefinitions)
                         SCOPED_TRACE(testing::Message() << from << " as " << fromType << " to " << to << " as " << toType);
                         // XYZ: the model's seven digits at a scale of 255. Large offsets cost digits of a double.
                         const double published = from == eCGT_XYZ || to == eCGT_XYZ ? 2e-4 : 0.0;
-                        expectNear(modelFromRgb(to, rgb, toType), convert(from, to, modelSample(from, rgb, fromType), fromType, toType),
+                        expectNear(modelFromRgb(to, rgb, toType),
+                                   convert(from, to, modelSample(from, rgb, fromType), fromType, toType),
                                    1e-11 + published + 4e-15 * (g_chroma[fromType] + g_chroma[toType]));
                     }
                 }
@@ -310,7 +315,8 @@ TEST(GetLinearTransform, refusesWhatNoMatrixJoins)
     }
     catch (const tools::KOVISBaseImageToolsException& e)
     {
-        EXPECT_STREQ("No fixed matrix leads from colour space 1 to 1: it takes two different ones of Grey (0), Rgb (1), Rgba (2), XYZ (3), "
+        EXPECT_STREQ("No fixed matrix leads from colour space 1 to 1: it takes two different ones of Grey (0), Rgb (1), Rgba "
+                     "(2), XYZ (3), "
                      "YPbPr (4) and YCbCr (5)",
                      e.what());
     }
@@ -320,8 +326,10 @@ TEST(GetLinearTransform, refusesBufferTypesThatDoNotExist)
 {
     for (int type : {0, 12, -1, 1000})
     {
-        EXPECT_THROW(getLinearTransform(eCGT_Rgb, eCGT_XYZ, bufferType(type), eIBT_Real), tools::KOVISBaseImageToolsException) << type;
-        EXPECT_THROW(getLinearTransform(eCGT_Rgb, eCGT_XYZ, eIBT_Real, bufferType(type)), tools::KOVISBaseImageToolsException) << type;
+        EXPECT_THROW(getLinearTransform(eCGT_Rgb, eCGT_XYZ, bufferType(type), eIBT_Real), tools::KOVISBaseImageToolsException)
+            << type;
+        EXPECT_THROW(getLinearTransform(eCGT_Rgb, eCGT_XYZ, eIBT_Real, bufferType(type)), tools::KOVISBaseImageToolsException)
+            << type;
     }
     try
     {
@@ -358,6 +366,7 @@ TEST(KOVISBaseImageToolsLog, namesAndTexts)
 {
     EXPECT_EQ("KOVIS.KOVISBaseImageTools", tools::getKOVISBaseImageToolsLogger().getName());
     EXPECT_EQ("KOVISBaseImageTools", tools::getKOVISBaseImageToolsLogMessageManager().getName());
-    EXPECT_EQ(2ul, tools::getKOVISBaseImageToolsLogMessageManager().getNbMessages("N5kovis5image5tools27eKOVISBaseImageToolsMessage6domainE"));
+    EXPECT_EQ(2ul, tools::getKOVISBaseImageToolsLogMessageManager().getNbMessages(
+                       "N5kovis5image5tools27eKOVISBaseImageToolsMessage6domainE"));
 }
 } // namespace kovis::image

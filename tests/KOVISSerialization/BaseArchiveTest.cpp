@@ -122,14 +122,15 @@ TEST(SerializationMessages, number25TakesTwoNumbersAndAName)
     try
     {
         throwMessage<KOVISSerializationException>(getKOVISSerializationLogMessageManager(), getKOVISSerializationLogger(),
-                                                  "N5kovis26eKOVISSerializationMessage6domainE", 25, SourcePlace{"f", "F.cpp", 1}, 2u, 1u,
-                                                  "kovis::X");
+                                                  "N5kovis26eKOVISSerializationMessage6domainE", 25, SourcePlace{"f", "F.cpp", 1},
+                                                  2u, 1u, "kovis::X");
         FAIL() << "nothing was thrown";
     }
     catch (const KOVISSerializationException& e)
     {
-        EXPECT_STREQ("The archive holds version 2, newer than version 1 of this library, of class kovis::X: read it with a newer library",
-                     e.what());
+        EXPECT_STREQ(
+            "The archive holds version 2, newer than version 1 of this library, of class kovis::X: read it with a newer library",
+            e.what());
     }
     EXPECT_EQ(1u, recording.getEvents().size());
     EXPECT_EQ("KOVIS.KOVISSerialization", getKOVISSerializationLogger().getName());

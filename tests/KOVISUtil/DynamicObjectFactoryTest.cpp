@@ -1,5 +1,5 @@
-#include "KOVIS/KOVISUtil/BaseException.h"
 #include "KOVIS/KOVISUtil/DynamicObjectFactory.h"
+#include "KOVIS/KOVISUtil/BaseException.h"
 #include "KOVIS/KOVISUtil/DynamicRegistrator.h"
 
 #include <boost/make_shared.hpp>

@@ -1,5 +1,5 @@
-#include "KOVIS/KOVISUtil/BaseException.h"
 #include "KOVIS/KOVISUtil/LogMessageFormater.h"
+#include "KOVIS/KOVISUtil/BaseException.h"
 
 #include <gtest/gtest.h>
 

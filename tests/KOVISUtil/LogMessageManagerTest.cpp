@@ -1,5 +1,5 @@
-#include "KOVIS/KOVISUtil/BaseException.h"
 #include "KOVIS/KOVISUtil/LogMessageManager.h"
+#include "KOVIS/KOVISUtil/BaseException.h"
 #include "KOVIS/KOVISUtil/Logging.h"
 #include "KOVIS/KOVISUtil/MessageTable.h"
 
@@ -60,8 +60,9 @@ TEST(LogMessageManager, aMissingTextIsAnErrorThatNamesIt)
     }
     catch (const KOVISUtilException& e)
     {
-        EXPECT_STREQ("No message 42 in the domain someDomain of the manager ManagerTestMissing: load the library that it belongs to",
-                     e.what());
+        EXPECT_STREQ(
+            "No message 42 in the domain someDomain of the manager ManagerTestMissing: load the library that it belongs to",
+            e.what());
     }
 }
 

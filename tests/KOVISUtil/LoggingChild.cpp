@@ -30,8 +30,8 @@ bool reportErrors()
     bool bThrown = false;
     try
     {
-        throwMessage<KOVISUtilException>(getKOVISUtilLogMessageManager(), getKOVISUtilLogger(), eKOVISUtilErrors::eUE_NoCopySupport, place,
-                                         "kovis::X");
+        throwMessage<KOVISUtilException>(getKOVISUtilLogMessageManager(), getKOVISUtilLogger(),
+                                         eKOVISUtilErrors::eUE_NoCopySupport, place, "kovis::X");
     }
     catch (const KOVISUtilException&)
     {
@@ -39,8 +39,8 @@ bool reportErrors()
     }
     try
     {
-        throwMessage<KOVISUtilException>(getKOVISUtilLogMessageManager(), getKOVISUtilLogger(), eKOVISUtilErrors::eUE_NoCopySupport,
-                                         place);
+        throwMessage<KOVISUtilException>(getKOVISUtilLogMessageManager(), getKOVISUtilLogger(),
+                                         eKOVISUtilErrors::eUE_NoCopySupport, place);
     }
     catch (const BaseException&)
     {

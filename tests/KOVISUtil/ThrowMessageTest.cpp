@@ -96,8 +96,8 @@ TEST(ThrowMessage, takesAnEnumerator)
 {
     try
     {
-        throwMessage<KOVISUtilException>(getKOVISUtilLogMessageManager(), getKOVISUtilLogger(), eKOVISUtilErrors::eUE_NoCopySupport, g_place,
-                                         "kovis::X");
+        throwMessage<KOVISUtilException>(getKOVISUtilLogMessageManager(), getKOVISUtilLogger(),
+                                         eKOVISUtilErrors::eUE_NoCopySupport, g_place, "kovis::X");
         FAIL() << "nothing was thrown";
     }
     catch (const KOVISUtilException& e)
@@ -200,7 +200,8 @@ TEST(ThrowMessage, logOnlyReturnsTheText)
     log4cplus::Logger logger = getLogger();
     logger.setLogLevel(log4cplus::TRACE_LOG_LEVEL);
     const test::Recording recording(logger);
-    EXPECT_EQ("object box has 3 parts", formatAndLog(getManager(), logger, log4cplus::TRACE_LOG_LEVEL, g_key, 0, g_place, "box", 3));
+    EXPECT_EQ("object box has 3 parts",
+              formatAndLog(getManager(), logger, log4cplus::TRACE_LOG_LEVEL, g_key, 0, g_place, "box", 3));
     logger.setLogLevel(log4cplus::NOT_SET_LOG_LEVEL);
     ASSERT_EQ(1u, recording.getEvents().size());
     EXPECT_EQ(0, recording.getEvents()[0].m_level);

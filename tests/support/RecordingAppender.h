@@ -50,7 +50,8 @@ private:
 class Recording
 {
 public:
-    explicit Recording(const log4cplus::Logger& logger) : m_logger(logger), m_appender(new RecordingAppender()), m_shared(m_appender)
+    explicit Recording(const log4cplus::Logger& logger)
+        : m_logger(logger), m_appender(new RecordingAppender()), m_shared(m_appender)
     {
         m_logger.addAppender(m_shared);
     }

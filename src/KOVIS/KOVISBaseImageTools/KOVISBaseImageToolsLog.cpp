@@ -7,9 +7,9 @@ namespace kovis::image::tools
 namespace
 {
 constexpr MessageText g_texts[] = {
-    {eKOVISBaseImageToolsMessage::eIT_NoLinearTransform,
-     "No fixed matrix leads from colour space %d to %d: it takes two different ones of Grey (0), Rgb (1), Rgba (2), XYZ (3), YPbPr (4) "
-     "and YCbCr (5)"},
+    {eKOVISBaseImageToolsMessage::eIT_NoLinearTransform, "No fixed matrix leads from colour space %d to %d: it takes two "
+                                                         "different ones of Grey (0), Rgb (1), Rgba (2), XYZ (3), YPbPr (4) "
+                                                         "and YCbCr (5)"},
     {eKOVISBaseImageToolsMessage::eIT_UnknownBufferType, "Buffer type %d does not exist: buffer types run from 1 to 11"},
 };
 

@@ -244,27 +244,26 @@ void checkBufferType(const eImageBufferType& type, const SourcePlace& place)
 {
     if (getStorageType(type) == eIBT_None)
     {
-        throwMessage<tools::KOVISBaseImageToolsException>(tools::getKOVISBaseImageToolsLogMessageManager(),
-                                                          tools::getKOVISBaseImageToolsLogger(),
-                                                          eKOVISBaseImageToolsMessage::eIT_UnknownBufferType, place,
-                                                          static_cast<int>(type));
+        throwMessage<tools::KOVISBaseImageToolsException>(
+            tools::getKOVISBaseImageToolsLogMessageManager(), tools::getKOVISBaseImageToolsLogger(),
+            eKOVISBaseImageToolsMessage::eIT_UnknownBufferType, place, static_cast<int>(type));
     }
 }
 } // namespace
 
-LinearTransform getLinearTransform(const eColorGeometryType& from, const eColorGeometryType& to, const eImageBufferType& fromBufferType,
-                                   const eImageBufferType& toBufferType)
+LinearTransform getLinearTransform(const eColorGeometryType& from, const eColorGeometryType& to,
+                                   const eImageBufferType& fromBufferType, const eImageBufferType& toBufferType)
 {
-    const SourcePlace place{"kovis::image::LinearTransform kovis::image::getLinearTransform(const kovis::image::eColorGeometryType&, const "
-                            "kovis::image::eColorGeometryType&, const kovis::image::eImageBufferType&, const "
-                            "kovis::image::eImageBufferType&)",
-                            "KOVIS/KOVISBaseImageTools/getLinearTransform.cpp", __LINE__};
+    const SourcePlace place{
+        "kovis::image::LinearTransform kovis::image::getLinearTransform(const kovis::image::eColorGeometryType&, const "
+        "kovis::image::eColorGeometryType&, const kovis::image::eImageBufferType&, const "
+        "kovis::image::eImageBufferType&)",
+        "KOVIS/KOVISBaseImageTools/getLinearTransform.cpp", __LINE__};
     if (!isLinearSpace(from) || !isLinearSpace(to) || from == to)
     {
-        throwMessage<tools::KOVISBaseImageToolsException>(tools::getKOVISBaseImageToolsLogMessageManager(),
-                                                          tools::getKOVISBaseImageToolsLogger(),
-                                                          eKOVISBaseImageToolsMessage::eIT_NoLinearTransform, place,
-                                                          static_cast<int>(from), static_cast<int>(to));
+        throwMessage<tools::KOVISBaseImageToolsException>(
+            tools::getKOVISBaseImageToolsLogMessageManager(), tools::getKOVISBaseImageToolsLogger(),
+            eKOVISBaseImageToolsMessage::eIT_NoLinearTransform, place, static_cast<int>(from), static_cast<int>(to));
     }
     checkBufferType(fromBufferType, place);
     checkBufferType(toBufferType, place);

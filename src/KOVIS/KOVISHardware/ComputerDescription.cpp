@@ -100,10 +100,10 @@ std::size_t readLevel2CacheSize()
 } // namespace
 
 ProcessorDescription::ProcessorDescription()
-    : m_name(readName())
-    , m_nbProcessors(countProcessors())
-    , m_level2CacheSize(readLevel2CacheSize())
-    , m_instructionSets(toInstructionSets(readFeatures()))
+    : m_name(readName()),
+      m_nbProcessors(countProcessors()),
+      m_level2CacheSize(readLevel2CacheSize()),
+      m_instructionSets(toInstructionSets(readFeatures()))
 {
 }
 

@@ -17,8 +17,8 @@ namespace
 int GpuDescription::getBlockSize2d(int device) const
 {
     throwNoSuchDevice(device, getNbDevices(),
-                      SourcePlace{"int kovis::hard::GpuDescription::getBlockSize2d(int) const", "KOVIS/KOVISHardware/GpuDescription.cpp",
-                                  __LINE__});
+                      SourcePlace{"int kovis::hard::GpuDescription::getBlockSize2d(int) const",
+                                  "KOVIS/KOVISHardware/GpuDescription.cpp", __LINE__});
 }
 
 int GpuDescription::getNbMultiProcessors(int device) const

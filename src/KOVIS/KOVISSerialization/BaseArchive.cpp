@@ -48,8 +48,8 @@ ArchiveSectionManager::~ArchiveSectionManager()
         {
             formatAndLog(getKOVISSerializationLogMessageManager(), getKOVISSerializationLogger(), log4cplus::ERROR_LOG_LEVEL,
                          typeid(eKOVISSerializationMessage::domain).name(), eKOVISSerializationMessage::eSM_SectionNotClosed,
-                         SourcePlace{"kovis::ArchiveSectionManager::~ArchiveSectionManager()", "KOVIS/KOVISSerialization/BaseArchive.cpp",
-                                     __LINE__},
+                         SourcePlace{"kovis::ArchiveSectionManager::~ArchiveSectionManager()",
+                                     "KOVIS/KOVISSerialization/BaseArchive.cpp", __LINE__},
                          std::string(e.what()));
         }
         catch (const std::exception&)

@@ -20,8 +20,9 @@ void checkValue(const void* value, const std::string& key, const SourcePlace& pl
 BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<unsigned int>& item)
 {
     checkValue(item.m_pValue, item.m_key,
-               SourcePlace{"kovis::BaseOArchive& kovis::operator<<(kovis::BaseOArchive&, const kovis::SerializationOItem<unsigned int>&)",
-                           "KOVIS/KOVISSerialization/SerializationItem.cpp", __LINE__});
+               SourcePlace{
+                   "kovis::BaseOArchive& kovis::operator<<(kovis::BaseOArchive&, const kovis::SerializationOItem<unsigned int>&)",
+                   "KOVIS/KOVISSerialization/SerializationItem.cpp", __LINE__});
     archive.writeItem(item.m_key, *item.m_pValue);
     return archive;
 }
@@ -29,8 +30,9 @@ BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<unsigne
 BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<unsigned int>& item)
 {
     checkValue(item.m_pValue, item.m_key,
-               SourcePlace{"kovis::BaseIArchive& kovis::operator>>(kovis::BaseIArchive&, const kovis::SerializationIItem<unsigned int>&)",
-                           "KOVIS/KOVISSerialization/SerializationItem.cpp", __LINE__});
+               SourcePlace{
+                   "kovis::BaseIArchive& kovis::operator>>(kovis::BaseIArchive&, const kovis::SerializationIItem<unsigned int>&)",
+                   "KOVIS/KOVISSerialization/SerializationItem.cpp", __LINE__});
     archive.readItem(item.m_key, *item.m_pValue);
     return archive;
 }

@@ -60,11 +60,12 @@ std::string LogMessageManager::getMessage(const std::string& domainKey, int numb
     if (this == &utilManager && domainKey == typeid(eKOVISUtilErrors::domain).name())
     {
         // Asking this library's own table for the text of the failure could end here again.
-        throw KOVISUtilException("No message " + std::to_string(number) + " in the domain " + domainKey + " of the manager " + m_name,
+        throw KOVISUtilException("No message " + std::to_string(number) + " in the domain " + domainKey + " of the manager " +
+                                     m_name,
                                  place.m_function, place.m_file, place.m_line);
     }
-    throwMessage<KOVISUtilException>(utilManager, getKOVISUtilLogger(), eKOVISUtilErrors::eUE_UnknownMessage, place, number, domainKey,
-                                     m_name);
+    throwMessage<KOVISUtilException>(utilManager, getKOVISUtilLogger(), eKOVISUtilErrors::eUE_UnknownMessage, place, number,
+                                     domainKey, m_name);
 }
 
 unsigned long LogMessageManager::getNbMessages(const std::string& domainKey) const

@@ -9,7 +9,8 @@ namespace kovis
 namespace
 {
 constexpr MessageText g_utilErrors[] = {
-    {eKOVISUtilErrors::eUE_UnknownMessage, "No message %d in the domain %s of the manager %s: load the library that it belongs to"},
+    {eKOVISUtilErrors::eUE_UnknownMessage,
+     "No message %d in the domain %s of the manager %s: load the library that it belongs to"},
     {eKOVISUtilErrors::eUE_ClassAlreadyRegistred, "Class %s is registered already: the first registration stays"},
     {eKOVISUtilErrors::eUE_UnknownClass, "No class %s is registered: load the library that it belongs to"},
     {eKOVISUtilErrors::eUE_NoCopySupport, "Class %s cannot be copied: make a new object and set its attributes"},
@@ -24,8 +25,8 @@ constinit MessageTable g_utilErrorTable("KOVISUtil", "N5kovis16eKOVISUtilErrors6
 log4cplus::Logger* makeBaseLogger()
 {
     auto* const logger = new log4cplus::Logger(log4cplus::Logger::getInstance(getBaseLoggerName()));
-    // Keeps log4cplus from writing to the terminal that it found no appender. Additivity is left as it is, so that the appenders of
-    // an application, on this logger or above it, get everything, whether they were there before or come later.
+    // Keeps log4cplus from writing to the terminal that it found no appender. Additivity is left as it is, so that the appenders
+    // of an application, on this logger or above it, get everything, whether they were there before or come later.
     const log4cplus::SharedAppenderPtr appender(new log4cplus::NullAppender());
     appender->setName("KOVISNull");
     logger->addAppender(appender);
@@ -58,9 +59,9 @@ void logMessage(log4cplus::Logger& logger, const int& level, const std::string& 
 }
 
 LibraryLog::LibraryLog(const char* library)
-    : m_loggerName(getBaseLogger().getName() + "." + library)
-    , m_logger(log4cplus::Logger::getInstance(m_loggerName))
-    , m_manager(LogMessageManager::getInstance(library))
+    : m_loggerName(getBaseLogger().getName() + "." + library),
+      m_logger(log4cplus::Logger::getInstance(m_loggerName)),
+      m_manager(LogMessageManager::getInstance(library))
 {
 }
 

@@ -4,8 +4,8 @@
 
 namespace kovis
 {
-#define KOVIS_NUMERIC_LIMITS(TYPE)                                               \
-    const TYPE NumericLimits<TYPE>::s_min = std::numeric_limits<TYPE>::lowest(); \
+#define KOVIS_NUMERIC_LIMITS(TYPE)                                                                                               \
+    const TYPE NumericLimits<TYPE>::s_min = std::numeric_limits<TYPE>::lowest();                                                 \
     const TYPE NumericLimits<TYPE>::s_max = std::numeric_limits<TYPE>::max();
 
 KOVIS_NUMERIC_LIMITS(signed char)

@@ -32,8 +32,8 @@ private:
 
 /// The linear transform between two of Grey, Rgb, Rgba, XYZ, YPbPr and YCbCr, for samples of the given buffer types.
 /// It is worked out in double, in sample units: offsets of YCbCr and an opaque alpha depend on the buffer type of their end.
-/// Throws KOVISBaseImageToolsException for a geometry that no matrix joins, for two equal geometries and for a buffer type outside 1 to 11.
-/// Safe to call from any thread.
+/// Throws KOVISBaseImageToolsException for a geometry that no matrix joins, for two equal geometries and for a buffer type
+/// outside 1 to 11. Safe to call from any thread.
 KOVISBASEIMAGETOOLS_EXPORT LinearTransform getLinearTransform(const eColorGeometryType& from, const eColorGeometryType& to,
                                                               const eImageBufferType& fromBufferType,
                                                               const eImageBufferType& toBufferType);

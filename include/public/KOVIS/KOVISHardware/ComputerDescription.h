@@ -15,8 +15,8 @@ class KOVISHARDWARE_EXPORT ProcessorDescription
 public:
     ProcessorDescription();
 
-    /// Whether the processor has every feature of the set and the operating system saves its registers. 8 means AVX512 F, BW, DQ and
-    /// VL together, 6 means FMA3 with AVX. False for a value that is no set.
+    /// Whether the processor has every feature of the set and the operating system saves its registers. 8 means AVX512 F, BW, DQ
+    /// and VL together, 6 means FMA3 with AVX. False for a value that is no set.
     bool hasInstructionSet(const eInstructionSet& set) const;
 
     const std::string& getName() const { return m_name; }

@@ -14,8 +14,10 @@ class KOVISUTIL_EXPORT BaseException : public std::exception
 {
 public:
     BaseException(const std::string& message, const char* function, const char* file, unsigned int line);
-    BaseException(const std::string& message, const char* function, const char* file, unsigned int line, const BaseException& cause);
-    BaseException(const std::string& message, const char* function, const char* file, unsigned int line, const std::exception& cause);
+    BaseException(const std::string& message, const char* function, const char* file, unsigned int line,
+                  const BaseException& cause);
+    BaseException(const std::string& message, const char* function, const char* file, unsigned int line,
+                  const std::exception& cause);
     BaseException(const BaseException&);
     BaseException& operator=(const BaseException&);
     ~BaseException() override;
@@ -54,20 +56,20 @@ public:
     ~UnHandleException() override;
 };
 
-/// Declares a library's exception: a BaseException that adds nothing but its type. The destructor is defined by KOVIS_DEFINE_EXCEPTION,
-/// so that the type information has one home.
-#define KOVIS_DECLARE_EXCEPTION(EXPORT, CLASS)                     \
-    class EXPORT CLASS : public ::kovis::BaseException             \
-    {                                                              \
-    public:                                                        \
-        using ::kovis::BaseException::BaseException;               \
-        CLASS(const CLASS&);                                       \
-        CLASS& operator=(const CLASS&) = default;                  \
-        ~CLASS() override;                                         \
+/// Declares a library's exception: a BaseException that adds nothing but its type. The destructor is defined by
+/// KOVIS_DEFINE_EXCEPTION, so that the type information has one home.
+#define KOVIS_DECLARE_EXCEPTION(EXPORT, CLASS)                                                                                   \
+    class EXPORT CLASS : public ::kovis::BaseException                                                                           \
+    {                                                                                                                            \
+    public:                                                                                                                      \
+        using ::kovis::BaseException::BaseException;                                                                             \
+        CLASS(const CLASS&);                                                                                                     \
+        CLASS& operator=(const CLASS&) = default;                                                                                \
+        ~CLASS() override;                                                                                                       \
     }
 
-#define KOVIS_DEFINE_EXCEPTION(CLASS)     \
-    CLASS::CLASS(const CLASS&) = default; \
+#define KOVIS_DEFINE_EXCEPTION(CLASS)                                                                                            \
+    CLASS::CLASS(const CLASS&) = default;                                                                                        \
     CLASS::~CLASS() = default
 
 KOVIS_DECLARE_EXCEPTION(KOVISUTIL_EXPORT, KOVISUtilException);

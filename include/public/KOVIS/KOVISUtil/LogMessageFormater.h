@@ -32,7 +32,8 @@ public:
         return setMsgId(typeid(TDomain).name(), static_cast<int>(value));
     }
 
-    /// Feeds one argument, with the semantics of boost::format: throws boost::io::too_many_args where the text has no place for it.
+    /// Feeds one argument, with the semantics of boost::format: throws boost::io::too_many_args where the text has no place for
+    /// it.
     template <class T>
     LogMessageFormater& operator%(const T& argument)
     {
@@ -48,7 +49,8 @@ public:
         return *this;
     }
 
-    /// The free text, and after it the formatted message if one is set. Throws boost::io::too_few_args where arguments are missing.
+    /// The free text, and after it the formatted message if one is set. Throws boost::io::too_few_args where arguments are
+    /// missing.
     std::string string() const;
 
 private:

@@ -17,7 +17,8 @@ KOVISUTIL_EXPORT const std::string& getBaseLoggerName();
 KOVISUTIL_EXPORT log4cplus::Logger& getBaseLogger();
 
 /// Writes a message to a logger. It filters nothing: ask isEnabledFor first.
-KOVISUTIL_EXPORT void logMessage(log4cplus::Logger& logger, const int& level, const std::string& message, const std::string& file, int line);
+KOVISUTIL_EXPORT void logMessage(log4cplus::Logger& logger, const int& level, const std::string& message, const std::string& file,
+                                 int line);
 
 /// The logger name, logger and message manager of one library, each made at its first use. One static object per library.
 class KOVISUTIL_EXPORT LibraryLog

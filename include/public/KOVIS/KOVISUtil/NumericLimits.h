@@ -9,12 +9,12 @@ namespace kovis
 template <class T>
 struct NumericLimits;
 
-#define KOVIS_NUMERIC_LIMITS(TYPE)             \
-    template <>                                \
-    struct KOVISUTIL_EXPORT NumericLimits<TYPE> \
-    {                                          \
-        static const TYPE s_min;               \
-        static const TYPE s_max;               \
+#define KOVIS_NUMERIC_LIMITS(TYPE)                                                                                               \
+    template <>                                                                                                                  \
+    struct KOVISUTIL_EXPORT NumericLimits<TYPE>                                                                                  \
+    {                                                                                                                            \
+        static const TYPE s_min;                                                                                                 \
+        static const TYPE s_max;                                                                                                 \
     };
 
 KOVIS_NUMERIC_LIMITS(signed char)

@@ -11,7 +11,10 @@ class ProcessingResult
 {
 public:
     ProcessingResult() : m_result() {}
-    explicit ProcessingResult(const T& result, std::string message = std::string()) : m_result(result), m_message(std::move(message)) {}
+    explicit ProcessingResult(const T& result, std::string message = std::string())
+        : m_result(result), m_message(std::move(message))
+    {
+    }
 
     const T& getResult() const { return m_result; }
     const std::string& getMessage() const { return m_message; }

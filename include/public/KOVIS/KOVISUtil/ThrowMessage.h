@@ -35,8 +35,8 @@ KOVISUTIL_EXPORT void logIfEnabled(log4cplus::Logger logger, int level, const Lo
 /// Returns the text. A text that does not fit its arguments becomes a BaseException "Exception thrown while processing message"
 /// whose cause is the format error.
 template <class... TArguments>
-std::string formatAndLog(const LogMessageManager& manager, log4cplus::Logger logger, int level, const std::string& domainKey, int number,
-                         const SourcePlace& place, const TArguments&... arguments)
+std::string formatAndLog(const LogMessageManager& manager, log4cplus::Logger logger, int level, const std::string& domainKey,
+                         int number, const SourcePlace& place, const TArguments&... arguments)
 {
     try
     {
@@ -55,8 +55,8 @@ std::string formatAndLog(const LogMessageManager& manager, log4cplus::Logger log
 
 /// The throw pattern of the platform: builds the message, logs it at ERROR, and throws it as TException.
 template <class TException, class... TArguments>
-[[noreturn]] void throwMessage(const LogMessageManager& manager, log4cplus::Logger logger, const std::string& domainKey, int number,
-                               const SourcePlace& place, const TArguments&... arguments)
+[[noreturn]] void throwMessage(const LogMessageManager& manager, log4cplus::Logger logger, const std::string& domainKey,
+                               int number, const SourcePlace& place, const TArguments&... arguments)
 {
     const std::string text = formatAndLog(manager, logger, log4cplus::ERROR_LOG_LEVEL, domainKey, number, place, arguments...);
     throw TException(text, place.m_function, place.m_file, place.m_line);
@@ -64,10 +64,11 @@ template <class TException, class... TArguments>
 
 /// The same, with the message named by its enumerator: throwMessage<X>(manager, logger, eMessage::eM_Name, place, arguments...).
 template <class TException, class TDomain, class... TArguments>
-    requires std::is_enum_v<TDomain>
-[[noreturn]] void throwMessage(const LogMessageManager& manager, log4cplus::Logger logger, TDomain message, const SourcePlace& place,
-                               const TArguments&... arguments)
+requires std::is_enum_v<TDomain>
+[[noreturn]] void throwMessage(const LogMessageManager& manager, log4cplus::Logger logger, TDomain message,
+                               const SourcePlace& place, const TArguments&... arguments)
 {
-    throwMessage<TException>(manager, logger, std::string(typeid(TDomain).name()), static_cast<int>(message), place, arguments...);
+    throwMessage<TException>(manager, logger, std::string(typeid(TDomain).name()), static_cast<int>(message), place,
+                             arguments...);
 }
 } // namespace kovis
