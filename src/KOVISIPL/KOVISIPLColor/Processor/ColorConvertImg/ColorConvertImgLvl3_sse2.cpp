@@ -1,19 +1,11 @@
+#include "KOVIS/KOVISBaseProcessing/ProcessorMutexes.h"
 #include "KOVIS/KOVISCore/isAvailable.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3Rows.h"
-#include "KOVISIPL/KOVISIPLColor/Processor/UnitMutex.h"
 
 // The initialiser runs on every processor: nothing here is compiled for the set; the kernels stand in units of their own.
 
 namespace kovis::imaproc::color
 {
-namespace
-{
-KOVIS_UNIT_MUTEX(VersionMutex);
-KOVIS_UNIT_MUTEX(TypeNameMutex);
-KOVIS_UNIT_MUTEX(ToolTipMutex);
-KOVIS_UNIT_MUTEX(ForcedInstructionSetsMutex);
-} // namespace
-
 namespace details
 {
 static bool functionRegistration()
@@ -29,12 +21,15 @@ static bool functionRegistration()
 
 namespace
 {
+/// The owner of this unit's mutexes.
+struct Variant;
+
 bool enterVariant()
 {
-    VersionMutex::get();
-    TypeNameMutex::get();
-    ToolTipMutex::get();
-    ForcedInstructionSetsMutex::get();
+    processor::VersionMutex<Variant>::get();
+    processor::TypeNameMutex<Variant>::get();
+    processor::ToolTipMutex<Variant>::get();
+    processor::ForcedInstructionSetsMutex<Variant>::get();
     if (core::isAvailable(eInstructionSet::eIS_SSE2))
     {
         details::functionRegistration();
