@@ -29,6 +29,7 @@ class KOVISIMAGE_EXPORT HostImage : public BaseImage
 {
 public:
     /// The planes in the order channel fastest, then Z, then T. Made by the functions of ImageFactory.h and SubImageExtractor.h.
+    /// Throws KOVISImageException for a number of planes that is not the geometry's, and for a geometry that createImage refuses.
     HostImage(const BaseImageGeometry& geometry, std::vector<ImagePlane> planes);
     ~HostImage() override;
 

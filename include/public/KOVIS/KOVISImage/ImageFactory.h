@@ -26,7 +26,7 @@ KOVISIMAGE_EXPORT boost::shared_ptr<BaseImage> createImageUser2d(unsigned long s
 /// Shows the caller's own planes as an image, without a copy, and keeps `owner` alive as long as the image or a view of it lives.
 /// `planes` has one pointer per plane, channel fastest, then Z, then T, each to sizeX * sizeY dense elements, aligned for their type.
 /// Nothing outside them is read or written, except for `nbRoom` elements past each plane's end that the caller grants.
-/// Throws KOVISImageException for a wrong number of planes, a null plane, and whatever createImage refuses.
+/// Throws KOVISImageException for a wrong number of planes, a null or misaligned plane, and whatever else createImage refuses.
 KOVISIMAGE_EXPORT boost::shared_ptr<BaseImage> wrapImage(const BaseImageGeometry& geometry, const std::vector<void*>& planes,
                                                          const boost::shared_ptr<const void>& owner, std::size_t nbRoom = 0);
 
@@ -71,7 +71,8 @@ KOVISIMAGE_EXPORT boost::shared_ptr<InputImageYStripColor2d> makeInputStrip(cons
 KOVISIMAGE_EXPORT boost::shared_ptr<OutputImageYStripColor2d> makeOutputStrip(const boost::shared_ptr<BaseImage>& image, unsigned long firstRow,
                                                                               unsigned long nbRows);
 
-/// Keeps up to that many bytes of the memory of dropped images for the next ones; 256 MiB by default, 0 keeps nothing.
+/// Keeps up to that many bytes of the memory of dropped images for the next ones; 256 MiB by default, 0 keeps nothing and gives back
+/// what is kept. Safe from any thread, at any time.
 KOVISIMAGE_EXPORT void setMemoryReserve(std::size_t bytes);
 KOVISIMAGE_EXPORT std::size_t getMemoryReserve();
 } // namespace kovis::image

@@ -55,7 +55,10 @@ public:
     unsigned long getFirstElement() const { return m_firstElement; }
 
 protected:
-    /// `range` is a range of elements of the planes of a 2D image: the rows that the strip is made of, one after the other.
+    /// `range` is a range of elements of the planes of a 2D image: the rows that the strip is made of, one after the other, or a part
+    /// of one row; a strip of whole rows has the image's width, any other is one row. Throws KOVISImageException for a null image, one
+    /// that is not in host memory or not 2D, a range past a plane's end, and a staging buffer that cannot be had.
+    /// Strips of one image may be made on several threads at once.
     BaseImageYStrip(const boost::shared_ptr<const BaseImage>& image, const ElementsRange& range, eStripElements elements);
 
     void* getPlaneAddress(unsigned long channel) const;
