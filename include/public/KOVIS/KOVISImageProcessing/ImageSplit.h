@@ -71,8 +71,8 @@ private:
     eSubImageSplitType m_splitType = eSIST_Slices;
 };
 
-extern template class BaseSubImageSplit<boost::shared_ptr<const image::BaseImage>>;
-extern template class BaseSubImageSplit<boost::shared_ptr<image::BaseImage>>;
+extern template class KOVISIMAGEPROCESSING_EXPORT BaseSubImageSplit<boost::shared_ptr<const image::BaseImage>>;
+extern template class KOVISIMAGEPROCESSING_EXPORT BaseSubImageSplit<boost::shared_ptr<image::BaseImage>>;
 
 /// Gives each processor its sub-image.
 template <class TProcessor, class TAttribute>
@@ -114,9 +114,9 @@ private:
     boost::shared_ptr<TImage> m_image;
 };
 
-extern template class BaseImageYStripSplit<const image::BaseImage, image::InputImageYStripColor2d>;
-extern template class BaseImageYStripSplit<image::BaseImage, image::OutputImageYStripColor2d>;
-extern template class BaseImageYStripSplit<image::BaseImage, image::OutputImageYStrip2d>;
+extern template class KOVISIMAGEPROCESSING_EXPORT BaseImageYStripSplit<const image::BaseImage, image::InputImageYStripColor2d>;
+extern template class KOVISIMAGEPROCESSING_EXPORT BaseImageYStripSplit<image::BaseImage, image::OutputImageYStripColor2d>;
+extern template class KOVISIMAGEPROCESSING_EXPORT BaseImageYStripSplit<image::BaseImage, image::OutputImageYStrip2d>;
 
 namespace detail
 {

@@ -90,7 +90,7 @@ private:
     boost::weak_ptr<TOut> m_attribute;
     boost::shared_ptr<BaseCustomImageInfo> m_info;
 };
-extern template class CustomImageInitializer<BaseOutputImageAttribute>;
+extern template class KOVISIMAGEPROCESSING_EXPORT CustomImageInitializer<BaseOutputImageAttribute>;
 
 /// Makes an image like an input image, apart from what is given otherwise.
 template <class TIn, class TOut>
@@ -116,7 +116,7 @@ private:
     boost::optional<image::ColorGeometry> m_color;
     image::TemporalGeometry m_temporal;
 };
-extern template class DuplicateImageInitializer<BaseInputImageAttribute, BaseOutputImageAttribute>;
+extern template class KOVISIMAGEPROCESSING_EXPORT DuplicateImageInitializer<BaseInputImageAttribute, BaseOutputImageAttribute>;
 
 template <class TOut>
 boost::shared_ptr<processor::BaseOutputInitializer> customOutput(const boost::weak_ptr<TOut>& attribute, const boost::shared_ptr<BaseCustomImageInfo>& info)
