@@ -8,8 +8,9 @@
 
 namespace kovis::test
 {
-/// Bytes between two pages that cannot be touched: any access outside the pages ends the test. The bytes end at the guard page behind
-/// them, or begin at the one before them; the rest of their pages holds a mark, to find writes that a guard page does not see.
+/// Bytes between two pages that cannot be touched: any access outside the pages ends the test. The bytes end at the guard page
+/// behind them, or begin at the one before them; the rest of their pages holds a mark, to find writes that a guard page does not
+/// see.
 class GuardedMemory
 {
 public:

@@ -10,8 +10,8 @@
 namespace kovis::test
 {
 /// A geometry of eCGT_User with all five sizes.
-inline image::HomogeneousImageGeometry makeGeometry(unsigned long sizeX, unsigned long sizeY, unsigned long sizeZ, unsigned long sizeC,
-                                                    unsigned long sizeT, image::eImageBufferType bufferType)
+inline image::HomogeneousImageGeometry makeGeometry(unsigned long sizeX, unsigned long sizeY, unsigned long sizeZ,
+                                                    unsigned long sizeC, unsigned long sizeT, image::eImageBufferType bufferType)
 {
     image::ColorGeometry color;
     color.initUser(sizeC);

@@ -16,9 +16,9 @@ namespace kovis::image
 {
 namespace
 {
-using ::testing::HasSubstr;
 using test::getImageError;
 using test::makeGeometry;
+using ::testing::HasSubstr;
 
 TEST(CreateImage, reportsItsGeometry)
 {
@@ -97,7 +97,8 @@ TEST(CreateImage, sizeZeroIsRefused)
               getImageError([] { createImage2d(0, 1, eCGT_Rgb, eIBT_Real); }));
     EXPECT_THAT(getImageError([] { createImage2d(1, 0, eCGT_Rgb, eIBT_Real); }), HasSubstr("size in Y is 0"));
     EXPECT_THAT(getImageError([] { createImage(makeGeometry(1, 1, 0, 1, 1, eIBT_Real)); }), HasSubstr("number of slices is 0"));
-    EXPECT_THAT(getImageError([] { createImage(makeGeometry(1, 1, 1, 1, 0, eIBT_Real)); }), HasSubstr("number of time steps is 0"));
+    EXPECT_THAT(getImageError([] { createImage(makeGeometry(1, 1, 1, 1, 0, eIBT_Real)); }),
+                HasSubstr("number of time steps is 0"));
     EXPECT_THAT(getImageError([] { createImageUser2d(1, 1, 0, eIBT_Real); }), HasSubstr("createImageUser2d"));
     EXPECT_THAT(getImageError([] { createImage2d(1, 1, eCGT_User, eIBT_Real); }), HasSubstr("createImageUser2d"));
 }
@@ -115,10 +116,19 @@ TEST(CreateImage, sizesThatOverflowAreRefused)
 {
     const unsigned long big = std::numeric_limits<unsigned long>::max();
     const unsigned long half = 1ul << 32;
-    const unsigned long sizes[][5] = {{big, 1, 1, 1, 1},         {1, big, 1, 1, 1},  {1, 1, big, 1, 1},   {1, 1, 1, big, 1},
-                                      {1, 1, 1, 1, big},         {half, half, 1, 1, 1}, {1, 1, half, half, 1}, {1, 1, half, 1, half},
-                                      {big / 4, 1, 1, 1, 1},     {big / 4 + 1, 1, 1, 1, 1}, {1ul << 16, 1ul << 16, 1ul << 16, 1ul << 16, 1},
-                                      {big - 63, 1, 1, 1, 1},    {1ul << 61, 1, 1, 1, 1}};
+    const unsigned long sizes[][5] = {{big, 1, 1, 1, 1},
+                                      {1, big, 1, 1, 1},
+                                      {1, 1, big, 1, 1},
+                                      {1, 1, 1, big, 1},
+                                      {1, 1, 1, 1, big},
+                                      {half, half, 1, 1, 1},
+                                      {1, 1, half, half, 1},
+                                      {1, 1, half, 1, half},
+                                      {big / 4, 1, 1, 1, 1},
+                                      {big / 4 + 1, 1, 1, 1, 1},
+                                      {1ul << 16, 1ul << 16, 1ul << 16, 1ul << 16, 1},
+                                      {big - 63, 1, 1, 1, 1},
+                                      {1ul << 61, 1, 1, 1, 1}};
     for (const auto& s : sizes)
     {
         EXPECT_THAT(getImageError([&s] { createImage(makeGeometry(s[0], s[1], s[2], s[3], s[4], eIBT_Real)); }),
@@ -129,14 +139,16 @@ TEST(CreateImage, sizesThatOverflowAreRefused)
 // No overflow, but more than any machine has.
 TEST(CreateImage, memoryThatCannotBeHadIsRefused)
 {
-    EXPECT_EQ("The image cannot be made: the memory of 4611686018427388416 bytes that 1152921504606846976 x 1 x 1, 1 time steps, 1 "
-              "channels, f32 needs cannot be had",
-              getImageError([] { createImage2d(1ul << 60, 1, eCGT_Grey, eIBT_Real); }));
+    EXPECT_EQ(
+        "The image cannot be made: the memory of 4611686018427388416 bytes that 1152921504606846976 x 1 x 1, 1 time steps, 1 "
+        "channels, f32 needs cannot be had",
+        getImageError([] { createImage2d(1ul << 60, 1, eCGT_Grey, eIBT_Real); }));
     for (const unsigned long sizeX : {1ul << 44, 1ul << 50, 1ul << 60})
     {
         EXPECT_THAT(getImageError([sizeX] { createImage2d(sizeX, 1, eCGT_Grey, eIBT_Real); }),
                     testing::AllOf(HasSubstr("cannot be had"), HasSubstr(std::to_string((sizeX + 64) * 4 + 256) + " bytes")));
-        EXPECT_THAT(getImageError([sizeX] { createImage(makeGeometry(1, 1, sizeX / 64, 1, 1, eIBT_UInt8)); }), HasSubstr("cannot be had"));
+        EXPECT_THAT(getImageError([sizeX] { createImage(makeGeometry(1, 1, sizeX / 64, 1, 1, eIBT_UInt8)); }),
+                    HasSubstr("cannot be had"));
     }
 }
 
@@ -197,8 +209,10 @@ TEST(PlaneData, indexOutOfRangeIsRefused)
 {
     const auto image = createImage(makeGeometry(1, 1, 2, 3, 4, eIBT_Real));
     EXPECT_NE(nullptr, planeData<float>(image, 2, 1, 3));
-    EXPECT_EQ("The index 3 of the channel is out of range: it must be below 3", getImageError([&] { (void)planeData<float>(image, 3); }));
-    EXPECT_EQ("The index 2 of the slice is out of range: it must be below 2", getImageError([&] { (void)planeData<float>(image, 0, 2); }));
+    EXPECT_EQ("The index 3 of the channel is out of range: it must be below 3",
+              getImageError([&] { (void)planeData<float>(image, 3); }));
+    EXPECT_EQ("The index 2 of the slice is out of range: it must be below 2",
+              getImageError([&] { (void)planeData<float>(image, 0, 2); }));
     EXPECT_EQ("The index 4 of the time step is out of range: it must be below 4",
               getImageError([&] { (void)planeData<float>(image, 0, 0, 4); }));
     EXPECT_THAT(getImageError([&] { (void)planeData<float>(image, ~0ul); }), HasSubstr("out of range"));
@@ -208,8 +222,8 @@ TEST(CudaImage, isRefusedWherePlanesAreRead)
 {
     int devicePlane[3] = {};
     const HomogeneousImageGeometry geometry = makeGeometry(4, 4, 1, 3, 1, eIBT_Real);
-    const auto image = boost::make_shared<CudaImage>(geometry, std::vector<void*>{&devicePlane[0], &devicePlane[1], &devicePlane[2]},
-                                                     boost::shared_ptr<const void>());
+    const auto image = boost::make_shared<CudaImage>(
+        geometry, std::vector<void*>{&devicePlane[0], &devicePlane[1], &devicePlane[2]}, boost::shared_ptr<const void>());
     EXPECT_TRUE(image->isGpuImage());
     EXPECT_EQ(&devicePlane[2], image->getPlane(2, 0, 0));
     EXPECT_THROW(image->getPlane(3, 0, 0), KOVISImageException);
@@ -217,8 +231,12 @@ TEST(CudaImage, isRefusedWherePlanesAreRead)
     EXPECT_THAT(getImageError([&] { makeInputStrip(image, 0, 1); }), HasSubstr("memory of a GPU"));
     EXPECT_THAT(getImageError([&] { makeOutputStrip(image, 0, 1); }), HasSubstr("memory of a GPU"));
     EXPECT_THAT(getImageError([&] { getSlice2d(boost::shared_ptr<BaseImage>(image), 0, 0); }), HasSubstr("memory of a GPU"));
-    EXPECT_THAT(getImageError([&] { CudaImage(geometry, {}, boost::shared_ptr<const void>()); }), HasSubstr("0 planes are given"));
-    EXPECT_THAT(getImageError([&] { CudaImage(geometry, {&devicePlane[0], nullptr, nullptr}, boost::shared_ptr<const void>()); }),
+    EXPECT_THAT(getImageError([&] { CudaImage(geometry, {}, boost::shared_ptr<const void>()); }),
+                HasSubstr("0 planes are given"));
+    EXPECT_THAT(getImageError(
+                    [&] {
+                        CudaImage(geometry, {&devicePlane[0], nullptr, nullptr}, boost::shared_ptr<const void>());
+                    }),
                 HasSubstr("plane 1 is null"));
 }
 } // namespace

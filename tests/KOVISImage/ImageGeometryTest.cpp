@@ -16,8 +16,9 @@ TEST(ColorGeometryType, namesAndChannelsAreThoseOfTheTable)
         int m_value;
         const char* m_name;
         unsigned long m_nbChannels;
-    } rows[] = {{0, "eCGT_Grey", 1},   {1, "eCGT_Rgb", 3},    {2, "eCGT_Rgba", 4},   {3, "eCGT_XYZ", 3}, {4, "eCGT_YPbPr", 3}, {5, "eCGT_YCbCr", 3},
-                {6, "eCGT_CieLab", 3}, {7, "eCGT_CieLuv", 3}, {8, "eCGT_HLS", 3},    {9, "eCGT_HSV", 3}, {10, "eCGT_User", 0}};
+    } rows[] = {{0, "eCGT_Grey", 1},  {1, "eCGT_Rgb", 3},   {2, "eCGT_Rgba", 4},   {3, "eCGT_XYZ", 3},
+                {4, "eCGT_YPbPr", 3}, {5, "eCGT_YCbCr", 3}, {6, "eCGT_CieLab", 3}, {7, "eCGT_CieLuv", 3},
+                {8, "eCGT_HLS", 3},   {9, "eCGT_HSV", 3},   {10, "eCGT_User", 0}};
     for (const auto& row : rows)
     {
         const eColorGeometryType type = toColorGeometryType(row.m_value);
@@ -45,8 +46,9 @@ TEST(ImageBufferType, elevenValuesOnSevenElementTypes)
         std::size_t m_size;
         const char* m_name;
         int m_storage;
-    } rows[] = {{0, 0, "none", 0}, {1, 1, "i8", 1},  {2, 1, "u8", 2},   {3, 2, "i16", 3},  {4, 2, "u16", 4}, {5, 4, "i32", 5},  {6, 4, "u32", 6},
-                {7, 4, "f32", 7},  {8, 1, "u8", 2},  {9, 2, "u16", 4},  {10, 4, "u32", 6}, {11, 1, "u8", 2}, {12, 0, "none", 0}, {-1, 0, "none", 0}};
+    } rows[] = {{0, 0, "none", 0}, {1, 1, "i8", 1},  {2, 1, "u8", 2},    {3, 2, "i16", 3},  {4, 2, "u16", 4},
+                {5, 4, "i32", 5},  {6, 4, "u32", 6}, {7, 4, "f32", 7},   {8, 1, "u8", 2},   {9, 2, "u16", 4},
+                {10, 4, "u32", 6}, {11, 1, "u8", 2}, {12, 0, "none", 0}, {-1, 0, "none", 0}};
     for (const auto& row : rows)
     {
         const auto type = static_cast<eImageBufferType>(row.m_value);
@@ -97,7 +99,8 @@ TEST(FormatedName, tellsSizesChannelsAndType)
     EXPECT_EQ("1 x 2, 1 channel, f32", getFormatedName(*createImage2d(1, 2, eCGT_Grey, eIBT_Real), eFT_Short));
     EXPECT_EQ("2 x 3 x 4, 6 time steps, 5 channels, i16",
               getFormatedName(*createImage(test::makeGeometry(2, 3, 4, 5, 6, eIBT_Int16)), eFT_Short));
-    EXPECT_EQ("512 x 2, 3 channels, u8", getFormatedName(*makeInputStrip(createImage2d(512, 3, eCGT_Rgb, eIBT_UInt8), 1, 2), eFT_Short));
+    EXPECT_EQ("512 x 2, 3 channels, u8",
+              getFormatedName(*makeInputStrip(createImage2d(512, 3, eCGT_Rgb, eIBT_UInt8), 1, 2), eFT_Short));
 }
 } // namespace
 } // namespace kovis::image

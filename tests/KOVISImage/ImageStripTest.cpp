@@ -14,9 +14,9 @@ namespace kovis::image
 {
 namespace
 {
-using ::testing::HasSubstr;
 using test::getImageError;
 using test::makeGeometry;
+using ::testing::HasSubstr;
 
 // Every element of the plane lies in one strip and no block in two, at every width, height and strip height.
 TEST(WholeBlockStrips, partitionThePlane)
@@ -33,7 +33,8 @@ TEST(WholeBlockStrips, partitionThePlane)
                 for (unsigned long row = 0; row < sizeY; row += nbRows)
                 {
                     const unsigned long endRow = std::min(row + nbRows, sizeY);
-                    const OutputImageYStripColor2d strip(image, ElementsRange(row * sizeX, endRow * sizeX), eStripElements::wholeBlocks);
+                    const OutputImageYStripColor2d strip(image, ElementsRange(row * sizeX, endRow * sizeX),
+                                                         eStripElements::wholeBlocks);
                     ASSERT_EQ(sizeX, strip.getSizeX());
                     ASSERT_EQ(endRow - row, strip.getSizeY());
                     ASSERT_EQ(0u, strip.getNbElements() % 64);
@@ -146,7 +147,8 @@ TEST(ExactStrips, writeJustTheirRows)
                     for (unsigned long i = 0; i < 4 * sizeX; ++i)
                     {
                         const bool bInside = i >= firstRow * sizeX && i < (firstRow + nbRows) * sizeX;
-                        ASSERT_EQ(bInside ? c + 1 : 0, pData[i]) << sizeX << ", rows " << firstRow << " + " << nbRows << ", element " << i;
+                        ASSERT_EQ(bInside ? c + 1 : 0, pData[i])
+                            << sizeX << ", rows " << firstRow << " + " << nbRows << ", element " << i;
                     }
                 }
             }
@@ -191,7 +193,10 @@ TEST(Strips, oneChannelStripRefusesMore)
     OutputImageYStrip2d strip(createImage2d(10, 1, eCGT_Grey, eIBT_Real), ElementsRange(0, 10), eStripElements::wholeBlocks);
     EXPECT_NE(nullptr, strip.getPlane());
     EXPECT_THAT(getImageError(
-                    [] { OutputImageYStrip2d(createImage2d(10, 1, eCGT_Rgb, eIBT_Real), ElementsRange(0, 10), eStripElements::wholeBlocks); }),
+                    [] {
+                        OutputImageYStrip2d(createImage2d(10, 1, eCGT_Rgb, eIBT_Real), ElementsRange(0, 10),
+                                            eStripElements::wholeBlocks);
+                    }),
                 HasSubstr("must have one channel"));
 }
 
@@ -207,7 +212,8 @@ TEST(Strips, badRowsAreRefused)
     EXPECT_EQ("A strip of the elements 0 to 51 cannot be made: a plane of the image has 50",
               getImageError([&] { InputImageYStripColor2d(image, ElementsRange(0, 51), eStripElements::exact); }));
     EXPECT_THROW(InputImageYStripColor2d(image, ElementsRange(0, ~0ul), eStripElements::wholeBlocks), KOVISImageException);
-    EXPECT_EQ("The index 3 of the channel is out of range: it must be below 3", getImageError([&] { makeInputStrip(image, 0, 5)->getPlane(3); }));
+    EXPECT_EQ("The index 3 of the channel is out of range: it must be below 3",
+              getImageError([&] { makeInputStrip(image, 0, 5)->getPlane(3); }));
 }
 
 TEST(Strips, badImagesAreRefused)
@@ -215,11 +221,13 @@ TEST(Strips, badImagesAreRefused)
     EXPECT_THAT(getImageError([] { makeInputStrip(boost::shared_ptr<const BaseImage>(), 0, 1); }),
                 testing::AllOf(HasSubstr("makeInputStrip"), HasSubstr("the pointer is null")));
     EXPECT_THAT(getImageError([] { makeOutputStrip(boost::shared_ptr<BaseImage>(), 0, 1); }), HasSubstr("the pointer is null"));
-    EXPECT_THAT(getImageError(
-                    [] { OutputImageYStrip2d(boost::shared_ptr<BaseImage>(), ElementsRange(0, 1), eStripElements::exact); }),
-                HasSubstr("the pointer is null"));
-    EXPECT_THAT(getImageError([] { makeInputStrip(createImage(makeGeometry(1, 1, 2, 1, 1, eIBT_Real)), 0, 1); }), HasSubstr("getSlice2d"));
-    EXPECT_THAT(getImageError([] { makeOutputStrip(createImage(makeGeometry(1, 1, 1, 1, 2, eIBT_Real)), 0, 1); }), HasSubstr("getSlice2d"));
+    EXPECT_THAT(
+        getImageError([] { OutputImageYStrip2d(boost::shared_ptr<BaseImage>(), ElementsRange(0, 1), eStripElements::exact); }),
+        HasSubstr("the pointer is null"));
+    EXPECT_THAT(getImageError([] { makeInputStrip(createImage(makeGeometry(1, 1, 2, 1, 1, eIBT_Real)), 0, 1); }),
+                HasSubstr("getSlice2d"));
+    EXPECT_THAT(getImageError([] { makeOutputStrip(createImage(makeGeometry(1, 1, 1, 1, 2, eIBT_Real)), 0, 1); }),
+                HasSubstr("getSlice2d"));
 }
 } // namespace
 } // namespace kovis::image

@@ -129,8 +129,8 @@ TEST_F(MemoryReserveTest, zeroKeepsNothing)
 
 TEST_F(MemoryReserveTest, memoryIsZeroAgain)
 {
-    for (const std::size_t nbBytes : {std::size_t(100), std::size_t(20000), std::size_t(32767), std::size_t(32768), std::size_t(40001),
-                                      std::size_t(65536), std::size_t(70000), 3 * g_mega + 5})
+    for (const std::size_t nbBytes : {std::size_t(100), std::size_t(20000), std::size_t(32767), std::size_t(32768),
+                                      std::size_t(40001), std::size_t(65536), std::size_t(70000), 3 * g_mega + 5})
     {
         makeDirty(nbBytes);
         PlaneMemory memory(nbBytes);

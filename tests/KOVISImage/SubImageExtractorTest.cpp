@@ -13,9 +13,9 @@ namespace kovis::image
 {
 namespace
 {
-using ::testing::HasSubstr;
 using test::getImageError;
 using test::makeGeometry;
+using ::testing::HasSubstr;
 
 HomogeneousImageGeometry makeGeometry(const BaseImage& image, const ColorGeometry& color)
 {
@@ -79,7 +79,8 @@ TEST(ReInterpretImageData, anotherShapeIsRefused)
     }
     for (const eImageBufferType type : {eIBT_Int8, eIBT_UInt8_8, eIBT_UInt8_11, eIBT_Real})
     {
-        const ProcessingResult<bool> result = SubImageExtractor::reInterpretImageData(*image, makeGeometry(5, 4, 3, 2, 6, type), view);
+        const ProcessingResult<bool> result =
+            SubImageExtractor::reInterpretImageData(*image, makeGeometry(5, 4, 3, 2, 6, type), view);
         EXPECT_FALSE(result.getResult());
         EXPECT_EQ("An image of buffer type 2 cannot be shown with buffer type " + std::to_string(static_cast<int>(type)) +
                       ": both must be the same",
@@ -111,8 +112,7 @@ TEST(SubImages, keepConstness)
 {
     const boost::shared_ptr<const BaseImage> image = createImage2d(1, 1, eCGT_Grey, eIBT_Real);
     static_assert(std::is_same_v<boost::shared_ptr<const BaseImage>, decltype(getSlice2d(image, 0, 0))>);
-    static_assert(
-        std::is_same_v<boost::shared_ptr<BaseImage>, decltype(getSlice2d(boost::shared_ptr<BaseImage>(), 0, 0))>);
+    static_assert(std::is_same_v<boost::shared_ptr<BaseImage>, decltype(getSlice2d(boost::shared_ptr<BaseImage>(), 0, 0))>);
     EXPECT_EQ(planeData<float>(image), planeData<float>(getSlice2d(image, 0, 0)));
 }
 
@@ -120,7 +120,8 @@ TEST(SubImages, indicesOutOfRangeAreRefused)
 {
     const auto image = createImage(makeGeometry(1, 1, 3, 2, 4, eIBT_UInt8));
     boost::shared_ptr<BaseImage> view;
-    EXPECT_EQ("The index 3 of the slice is out of range: it must be below 3", SubImageExtractor::extractSlice2d(*image, 3, 0, view).getMessage());
+    EXPECT_EQ("The index 3 of the slice is out of range: it must be below 3",
+              SubImageExtractor::extractSlice2d(*image, 3, 0, view).getMessage());
     EXPECT_EQ("The index 4 of the time step is out of range: it must be below 4",
               SubImageExtractor::extractSlice2d(*image, 0, 4, view).getMessage());
     EXPECT_EQ("The index 2 of the channel is out of range: it must be below 2",
@@ -129,7 +130,8 @@ TEST(SubImages, indicesOutOfRangeAreRefused)
     EXPECT_FALSE(SubImageExtractor::extractPlane2d(*image, 0, 0, 4, view));
     EXPECT_EQ(nullptr, view);
     EXPECT_EQ("The index 3 of the slice is out of range: it must be below 3", getImageError([&] { getSlice2d(image, 3, 0); }));
-    EXPECT_EQ("The index 4 of the time step is out of range: it must be below 4", getImageError([&] { getSlice2d(image, 0, 4); }));
+    EXPECT_EQ("The index 4 of the time step is out of range: it must be below 4",
+              getImageError([&] { getSlice2d(image, 0, 4); }));
     EXPECT_THAT(getImageError([] { getSlice2d(boost::shared_ptr<const BaseImage>(), 0, 0); }), HasSubstr("the pointer is null"));
 }
 
@@ -138,8 +140,9 @@ TEST(SubImages, gpuImagesAreRefused)
     int devicePlane = 0;
     CudaImage image(makeGeometry(4, 3, 1, 1, 1, eIBT_Real), {&devicePlane}, boost::shared_ptr<const void>());
     boost::shared_ptr<BaseImage> view;
-    const std::string message = "The planes of the image (4 x 3, 1 channel, f32) lie in the memory of a GPU and cannot be used here: give an "
-                                "image in host memory";
+    const std::string message =
+        "The planes of the image (4 x 3, 1 channel, f32) lie in the memory of a GPU and cannot be used here: give an "
+        "image in host memory";
     EXPECT_EQ(message, SubImageExtractor::reInterpretImageData<BaseImage>(image, image.getGeometry(), view).getMessage());
     EXPECT_EQ(message, SubImageExtractor::extractSlice2d<BaseImage>(image, 0, 0, view).getMessage());
     EXPECT_EQ(message, SubImageExtractor::extractPlane2d<BaseImage>(image, 0, 0, 0, view).getMessage());

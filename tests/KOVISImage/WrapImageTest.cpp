@@ -16,10 +16,10 @@ namespace kovis::image
 {
 namespace
 {
-using ::testing::HasSubstr;
 using test::getImageError;
 using test::GuardedMemory;
 using test::makeGeometry;
+using ::testing::HasSubstr;
 
 using Guards = std::vector<boost::shared_ptr<GuardedMemory>>;
 
@@ -193,16 +193,38 @@ TEST(WrapImage, badPlanesAreRefused)
     alignas(4) static unsigned char data[100];
     const HomogeneousImageGeometry geometry = makeGeometry(2, 2, 1, 2, 1, eIBT_Real);
     const boost::shared_ptr<const void> owner;
-    EXPECT_EQ("The image cannot be made: 1 planes are given, and its geometry has 2", getImageError([&] { wrapImage(geometry, {data}, owner); }));
+    EXPECT_EQ("The image cannot be made: 1 planes are given, and its geometry has 2",
+              getImageError([&] { wrapImage(geometry, {data}, owner); }));
     EXPECT_THROW(wrapImage(geometry, {data, data, data}, owner), KOVISImageException);
-    EXPECT_EQ("The image cannot be made: the pointer of plane 1 is null", getImageError([&] { wrapImage(geometry, {data, nullptr}, owner); }));
+    EXPECT_EQ("The image cannot be made: the pointer of plane 1 is null", getImageError(
+                                                                              [&] {
+                                                                                  wrapImage(geometry, {data, nullptr}, owner);
+                                                                              }));
     EXPECT_EQ("The image cannot be made: plane 1 of f32 is not aligned to 4 bytes",
-              getImageError([&] { wrapImage(geometry, {data, data + 2}, owner); }));
-    EXPECT_THAT(getImageError([&] { wrapImage(makeGeometry(0, 2, 1, 2, 1, eIBT_Real), {data, data}, owner); }), HasSubstr("size in X is 0"));
-    EXPECT_THAT(getImageError([&] { wrapImage(makeGeometry(~0ul, 2, 1, 2, 1, eIBT_Real), {data, data}, owner); }),
+              getImageError(
+                  [&] {
+                      wrapImage(geometry, {data, data + 2}, owner);
+                  }));
+    EXPECT_THAT(getImageError(
+                    [&] {
+                        wrapImage(makeGeometry(0, 2, 1, 2, 1, eIBT_Real), {data, data}, owner);
+                    }),
+                HasSubstr("size in X is 0"));
+    EXPECT_THAT(getImageError(
+                    [&] {
+                        wrapImage(makeGeometry(~0ul, 2, 1, 2, 1, eIBT_Real), {data, data}, owner);
+                    }),
                 HasSubstr("more than the address space holds"));
-    EXPECT_THAT(getImageError([&] { wrapImage(makeGeometry(2, 2, 1, 2, 1, eIBT_None), {data, data}, owner); }), HasSubstr("buffer type is 0"));
-    EXPECT_THAT(getImageError([&] { wrapImage(geometry, {data, data + 32}, owner, ~std::size_t(0)); }), HasSubstr("elements of room"));
+    EXPECT_THAT(getImageError(
+                    [&] {
+                        wrapImage(makeGeometry(2, 2, 1, 2, 1, eIBT_None), {data, data}, owner);
+                    }),
+                HasSubstr("buffer type is 0"));
+    EXPECT_THAT(getImageError(
+                    [&] {
+                        wrapImage(geometry, {data, data + 32}, owner, ~std::size_t(0));
+                    }),
+                HasSubstr("elements of room"));
 }
 } // namespace
 } // namespace kovis::image

@@ -17,8 +17,8 @@ void checkIndex(const char* name, unsigned long index, unsigned long size)
     {
         throwImageMessage(
             eImageMessage::eIM_IndexOutOfRange,
-            {"void* kovis::image::CudaImage::getPlane(unsigned long, unsigned long, unsigned long) const", g_file, __LINE__}, name,
-            index, size);
+            {"void* kovis::image::CudaImage::getPlane(unsigned long, unsigned long, unsigned long) const", g_file, __LINE__},
+            name, index, size);
     }
 }
 } // namespace
@@ -26,9 +26,10 @@ void checkIndex(const char* name, unsigned long index, unsigned long size)
 CudaImage::CudaImage(const BaseImageGeometry& geometry, std::vector<void*> planes, const boost::shared_ptr<const void>& owner)
     : BaseImage(geometry), m_planes(std::move(planes)), m_owner(owner)
 {
-    const SourcePlace place{"kovis::image::CudaImage::CudaImage(const kovis::image::BaseImageGeometry&, std::vector<void*>, const "
-                            "boost::shared_ptr<const void>&)",
-                            g_file, __LINE__};
+    const SourcePlace place{
+        "kovis::image::CudaImage::CudaImage(const kovis::image::BaseImageGeometry&, std::vector<void*>, const "
+        "boost::shared_ptr<const void>&)",
+        g_file, __LINE__};
     const std::size_t nbPlanes = detail::getImageSizes(geometry, place).m_nbPlanes;
     if (m_planes.size() != nbPlanes)
     {

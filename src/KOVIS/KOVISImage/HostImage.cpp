@@ -23,7 +23,8 @@ void checkIndex(const char* name, unsigned long index, unsigned long size)
 }
 } // namespace
 
-HostImage::HostImage(const BaseImageGeometry& geometry, std::vector<ImagePlane> planes) : BaseImage(geometry), m_planes(std::move(planes))
+HostImage::HostImage(const BaseImageGeometry& geometry, std::vector<ImagePlane> planes)
+    : BaseImage(geometry), m_planes(std::move(planes))
 {
     const SourcePlace place{"kovis::image::HostImage::HostImage(const kovis::image::BaseImageGeometry&, "
                             "std::vector<kovis::image::ImagePlane>)",

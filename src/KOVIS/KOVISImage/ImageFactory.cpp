@@ -24,9 +24,9 @@ const char* const g_file = "KOVIS/KOVISImage/ImageFactory.cpp";
 
 std::string describe(const BaseImageGeometry& geometry)
 {
-    return std::to_string(geometry.getSizeX()) + " x " + std::to_string(geometry.getSizeY()) + " x " + std::to_string(geometry.getSizeZ()) +
-           ", " + std::to_string(geometry.getSizeT()) + " time steps, " + std::to_string(geometry.getSizeC()) + " channels, " +
-           getElementTypeName(geometry.getBufferType());
+    return std::to_string(geometry.getSizeX()) + " x " + std::to_string(geometry.getSizeY()) + " x " +
+           std::to_string(geometry.getSizeZ()) + ", " + std::to_string(geometry.getSizeT()) + " time steps, " +
+           std::to_string(geometry.getSizeC()) + " channels, " + getElementTypeName(geometry.getBufferType());
 }
 
 // Whether the machine could ever hold that much. Asked ahead, as a system that promises more memory than it has ends the process
@@ -76,7 +76,8 @@ void checkPlanes(const BaseImageGeometry& geometry, const std::vector<void*>& pl
         }
         if (reinterpret_cast<std::uintptr_t>(planes[i]) % alignment != 0)
         {
-            throwImageMessage(eImageMessage::eIM_MisalignedPlane, place, i, getElementTypeName(geometry.getBufferType()), alignment);
+            throwImageMessage(eImageMessage::eIM_MisalignedPlane, place, i, getElementTypeName(geometry.getBufferType()),
+                              alignment);
         }
     }
 }
@@ -84,8 +85,9 @@ void checkPlanes(const BaseImageGeometry& geometry, const std::vector<void*>& pl
 
 boost::shared_ptr<BaseImage> createImage(const BaseImageGeometry& geometry)
 {
-    const SourcePlace place{"boost::shared_ptr<kovis::image::BaseImage> kovis::image::createImage(const kovis::image::BaseImageGeometry&)",
-                            g_file, __LINE__};
+    const SourcePlace place{
+        "boost::shared_ptr<kovis::image::BaseImage> kovis::image::createImage(const kovis::image::BaseImageGeometry&)", g_file,
+        __LINE__};
     const detail::ImageSizes sizes = detail::getImageSizes(geometry, place);
     try
     {
@@ -120,9 +122,10 @@ boost::shared_ptr<BaseImage> createImageUser2d(unsigned long sizeX, unsigned lon
 boost::shared_ptr<BaseImage> wrapImage(const BaseImageGeometry& geometry, const std::vector<void*>& planes,
                                        const boost::shared_ptr<const void>& owner, std::size_t nbRoom)
 {
-    const SourcePlace place{"boost::shared_ptr<kovis::image::BaseImage> kovis::image::wrapImage(const kovis::image::BaseImageGeometry&, "
-                            "const std::vector<void*>&, const boost::shared_ptr<const void>&, std::size_t)",
-                            g_file, __LINE__};
+    const SourcePlace place{
+        "boost::shared_ptr<kovis::image::BaseImage> kovis::image::wrapImage(const kovis::image::BaseImageGeometry&, "
+        "const std::vector<void*>&, const boost::shared_ptr<const void>&, std::size_t)",
+        g_file, __LINE__};
     const detail::ImageSizes sizes = detail::getImageSizes(geometry, place);
     if (planes.size() != sizes.m_nbPlanes)
     {
@@ -144,16 +147,18 @@ boost::shared_ptr<BaseImage> wrapImage(const BaseImageGeometry& geometry, const 
     return boost::make_shared<HostImage>(geometry, std::move(imagePlanes));
 }
 
-void* detail::getPlaneData(const BaseImage& image, const eImageBufferType& elementType, unsigned long c, unsigned long z, unsigned long t)
+void* detail::getPlaneData(const BaseImage& image, const eImageBufferType& elementType, unsigned long c, unsigned long z,
+                           unsigned long t)
 {
-    const SourcePlace place{"void* kovis::image::detail::getPlaneData(const kovis::image::BaseImage&, const kovis::image::eImageBufferType&, "
-                            "unsigned long, unsigned long, unsigned long)",
-                            g_file, __LINE__};
+    const SourcePlace place{
+        "void* kovis::image::detail::getPlaneData(const kovis::image::BaseImage&, const kovis::image::eImageBufferType&, "
+        "unsigned long, unsigned long, unsigned long)",
+        g_file, __LINE__};
     const HostImage& hostImage = getHostImage(image, place);
     if (getStorageType(image.getBufferType()) != getStorageType(elementType))
     {
-        throwImageMessage(eImageMessage::eIM_ElementType, place, getFormatedName(image, eFT_Short), getElementTypeName(image.getBufferType()),
-                          getElementTypeName(elementType));
+        throwImageMessage(eImageMessage::eIM_ElementType, place, getFormatedName(image, eFT_Short),
+                          getElementTypeName(image.getBufferType()), getElementTypeName(elementType));
     }
     const ImagePlane& plane = hostImage.getPlane(c, z, t);
     if (plane.m_pMemory != nullptr)

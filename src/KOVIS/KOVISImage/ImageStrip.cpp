@@ -47,8 +47,8 @@ HomogeneousImageGeometry makeStripGeometry(const BaseImage* pImage, const Elemen
     }
     const bool bWholeRows = range.getBegin() % sizeX == 0 && range.getEnd() % sizeX == 0;
     HomogeneousImageGeometry geometry;
-    geometry.init(VolumeGeometry(), image.getGeometry().getColorGeometry(), TemporalGeometry(), bWholeRows ? sizeX : range.getSize(),
-                  bWholeRows ? range.getSize() / sizeX : 1, image.getBufferType());
+    geometry.init(VolumeGeometry(), image.getGeometry().getColorGeometry(), TemporalGeometry(),
+                  bWholeRows ? sizeX : range.getSize(), bWholeRows ? range.getSize() / sizeX : 1, image.getBufferType());
     return geometry;
 }
 
@@ -76,7 +76,8 @@ unsigned char* getElement(const ImagePlane& plane, unsigned long element, std::s
 }
 
 template <class TStrip, class TImage>
-boost::shared_ptr<TStrip> makeStrip(const boost::shared_ptr<TImage>& image, unsigned long firstRow, unsigned long nbRows, const SourcePlace& place)
+boost::shared_ptr<TStrip> makeStrip(const boost::shared_ptr<TImage>& image, unsigned long firstRow, unsigned long nbRows,
+                                    const SourcePlace& place)
 {
     (void)detail::getHostImage(image.get(), place);
     check2d(*image, place);
@@ -92,7 +93,8 @@ boost::shared_ptr<TStrip> makeStrip(const boost::shared_ptr<TImage>& image, unsi
 
 BaseImageFragment::~BaseImageFragment() = default;
 
-BaseImageYStrip::BaseImageYStrip(const boost::shared_ptr<const BaseImage>& image, const ElementsRange& range, eStripElements elements)
+BaseImageYStrip::BaseImageYStrip(const boost::shared_ptr<const BaseImage>& image, const ElementsRange& range,
+                                 eStripElements elements)
     : BaseImageFragment(makeStripGeometry(image.get(), range)), m_image(image)
 {
     const unsigned long nbPlaneElements = image->getSizeX() * image->getSizeY();
@@ -149,8 +151,8 @@ void* BaseImageYStrip::getPlaneAddress(unsigned long channel) const
     if (channel >= m_planes.size())
     {
         throwImageMessage(eImageMessage::eIM_IndexOutOfRange,
-                          {"void* kovis::image::BaseImageYStrip::getPlaneAddress(unsigned long) const", "KOVIS/KOVISImage/ImageStrip.cpp",
-                           __LINE__},
+                          {"void* kovis::image::BaseImageYStrip::getPlaneAddress(unsigned long) const",
+                           "KOVIS/KOVISImage/ImageStrip.cpp", __LINE__},
                           "channel", channel, m_planes.size());
     }
     return m_planes[channel];
@@ -164,7 +166,8 @@ void BaseImageYStrip::commitPlanes()
     {
         if (m_staging[c] != nullptr)
         {
-            std::memcpy(getElement(image.getPlane(c, 0, 0), m_firstElement, elementSize), m_planes[c], m_nbExactElements * elementSize);
+            std::memcpy(getElement(image.getPlane(c, 0, 0), m_firstElement, elementSize), m_planes[c],
+                        m_nbExactElements * elementSize);
         }
     }
 }
@@ -187,16 +190,18 @@ OutputImageYStripColor2d::OutputImageYStripColor2d(const boost::shared_ptr<BaseI
 
 OutputImageYStripColor2d::~OutputImageYStripColor2d() = default;
 
-OutputImageYStrip2d::OutputImageYStrip2d(const boost::shared_ptr<BaseImage>& image, const ElementsRange& range, eStripElements elements)
+OutputImageYStrip2d::OutputImageYStrip2d(const boost::shared_ptr<BaseImage>& image, const ElementsRange& range,
+                                         eStripElements elements)
     : BaseImageYStrip(image, range, elements)
 {
     if (image->getSizeC() != 1)
     {
-        throwImageMessage(eImageMessage::eIM_NotOneChannel,
-                          {"kovis::image::OutputImageYStrip2d::OutputImageYStrip2d(const boost::shared_ptr<kovis::image::BaseImage>&, "
-                           "const kovis::ElementsRange&, kovis::image::eStripElements)",
-                           "KOVIS/KOVISImage/ImageStrip.cpp", __LINE__},
-                          getFormatedName(*image, eFT_Short));
+        throwImageMessage(
+            eImageMessage::eIM_NotOneChannel,
+            {"kovis::image::OutputImageYStrip2d::OutputImageYStrip2d(const boost::shared_ptr<kovis::image::BaseImage>&, "
+             "const kovis::ElementsRange&, kovis::image::eStripElements)",
+             "KOVIS/KOVISImage/ImageStrip.cpp", __LINE__},
+            getFormatedName(*image, eFT_Short));
     }
 }
 
@@ -205,19 +210,21 @@ OutputImageYStrip2d::~OutputImageYStrip2d() = default;
 boost::shared_ptr<InputImageYStripColor2d> makeInputStrip(const boost::shared_ptr<const BaseImage>& image, unsigned long firstRow,
                                                           unsigned long nbRows)
 {
-    return makeStrip<InputImageYStripColor2d>(image, firstRow, nbRows,
-                                              {"boost::shared_ptr<kovis::image::InputImageYStripColor2d> kovis::image::makeInputStrip(const "
-                                               "boost::shared_ptr<const kovis::image::BaseImage>&, unsigned long, unsigned long)",
-                                               "KOVIS/KOVISImage/ImageStrip.cpp", __LINE__});
+    return makeStrip<InputImageYStripColor2d>(
+        image, firstRow, nbRows,
+        {"boost::shared_ptr<kovis::image::InputImageYStripColor2d> kovis::image::makeInputStrip(const "
+         "boost::shared_ptr<const kovis::image::BaseImage>&, unsigned long, unsigned long)",
+         "KOVIS/KOVISImage/ImageStrip.cpp", __LINE__});
 }
 
 boost::shared_ptr<OutputImageYStripColor2d> makeOutputStrip(const boost::shared_ptr<BaseImage>& image, unsigned long firstRow,
                                                             unsigned long nbRows)
 {
-    return makeStrip<OutputImageYStripColor2d>(image, firstRow, nbRows,
-                                               {"boost::shared_ptr<kovis::image::OutputImageYStripColor2d> "
-                                                "kovis::image::makeOutputStrip(const boost::shared_ptr<kovis::image::BaseImage>&, unsigned "
-                                                "long, unsigned long)",
-                                                "KOVIS/KOVISImage/ImageStrip.cpp", __LINE__});
+    return makeStrip<OutputImageYStripColor2d>(
+        image, firstRow, nbRows,
+        {"boost::shared_ptr<kovis::image::OutputImageYStripColor2d> "
+         "kovis::image::makeOutputStrip(const boost::shared_ptr<kovis::image::BaseImage>&, unsigned "
+         "long, unsigned long)",
+         "KOVIS/KOVISImage/ImageStrip.cpp", __LINE__});
 }
 } // namespace kovis::image

@@ -15,8 +15,8 @@ constexpr MessageText g_imageMessages[] = {
      "The image cannot be made: eCGT_User says nothing of the number of channels; give it to createImageUser2d or "
      "ColorGeometry::initUser"},
     {eImageMessage::eIM_BufferType, "The image cannot be made: its buffer type is %d, and must be 1 to 11"},
-    {eImageMessage::eIM_SizeOverflow,
-     "The image cannot be made: %d x %d elements, %d slices, %d channels, %d time steps, %s, are more than the address space holds"},
+    {eImageMessage::eIM_SizeOverflow, "The image cannot be made: %d x %d elements, %d slices, %d channels, %d time steps, %s, "
+                                      "are more than the address space holds"},
     {eImageMessage::eIM_NoMemory, "The image cannot be made: the memory of %d bytes that %s needs cannot be had"},
     {eImageMessage::eIM_NbPlanes, "The image cannot be made: %d planes are given, and its geometry has %d"},
     {eImageMessage::eIM_NullPlane, "The image cannot be made: the pointer of plane %d is null"},
@@ -24,8 +24,7 @@ constexpr MessageText g_imageMessages[] = {
     {eImageMessage::eIM_NullImage, "%s needs an image, and the pointer is null"},
     {eImageMessage::eIM_GpuImage,
      "The planes of the image (%s) lie in the memory of a GPU and cannot be used here: give an image in host memory"},
-    {eImageMessage::eIM_NotHostImage,
-     "The image (%s) has no planes in host memory: make it with createImage or wrapImage"},
+    {eImageMessage::eIM_NotHostImage, "The image (%s) has no planes in host memory: make it with createImage or wrapImage"},
     {eImageMessage::eIM_ElementType, "The image (%s) holds elements of type %s, and they were asked for as %s"},
     {eImageMessage::eIM_IndexOutOfRange, "The index %2% of the %1% is out of range: it must be below %3%"},
     {eImageMessage::eIM_RowsOutOfRange,
@@ -36,7 +35,8 @@ constexpr MessageText g_imageMessages[] = {
     {eImageMessage::eIM_StripNoMemory, "A strip cannot be made: the memory of %d bytes for its staging buffer cannot be had"},
     {eImageMessage::eIM_ViewSize, "The image (%s) cannot be shown as %s: sizes and number of channels must agree"},
     {eImageMessage::eIM_ViewBufferType, "An image of buffer type %d cannot be shown with buffer type %d: both must be the same"},
-    {eImageMessage::eIM_NbRoom, "The image cannot be made: %d elements of room past a plane of %d are more than the address space holds"},
+    {eImageMessage::eIM_NbRoom,
+     "The image cannot be made: %d elements of room past a plane of %d are more than the address space holds"},
 };
 
 constinit MessageTable g_imageMessageTable("KOVISImage", "N5kovis5image13eImageMessage6domainE", g_imageMessages);

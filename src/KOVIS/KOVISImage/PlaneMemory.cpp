@@ -16,8 +16,8 @@ constexpr std::size_t g_alignment = 64;
 constexpr std::size_t g_largeSize = std::size_t(32) << 10;
 constexpr std::size_t g_chunkSize = std::size_t(16) << 10;
 
-// Planes that all begin at the same place in their pages disturb each other: a load waits for a store to the same place of another
-// page. So their starts are spread over a page, one after the other.
+// Planes that all begin at the same place in their pages disturb each other: a load waits for a store to the same place of
+// another page. So their starts are spread over a page, one after the other.
 constexpr std::size_t g_spreadStep = 512;
 constexpr std::size_t g_spreadSize = 4096;
 

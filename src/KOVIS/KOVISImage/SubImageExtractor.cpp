@@ -20,17 +20,19 @@ const char* const g_file = "KOVIS/KOVISImage/SubImageExtractor.cpp";
 
 BoolResult checkIndex(const char* name, unsigned long index, unsigned long size)
 {
-    return index < size ? BoolResult(true) : BoolResult(false, formatImageMessage(eImageMessage::eIM_IndexOutOfRange, name, index, size));
+    return index < size ? BoolResult(true)
+                        : BoolResult(false, formatImageMessage(eImageMessage::eIM_IndexOutOfRange, name, index, size));
 }
 
 BoolResult checkViewGeometry(const BaseImage& image, const BaseImageGeometry& geometry)
 {
-    if (geometry.getSizeX() != image.getSizeX() || geometry.getSizeY() != image.getSizeY() || geometry.getSizeZ() != image.getSizeZ() ||
-        geometry.getSizeT() != image.getSizeT() || geometry.getSizeC() != image.getSizeC())
+    if (geometry.getSizeX() != image.getSizeX() || geometry.getSizeY() != image.getSizeY() ||
+        geometry.getSizeZ() != image.getSizeZ() || geometry.getSizeT() != image.getSizeT() ||
+        geometry.getSizeC() != image.getSizeC())
     {
         const std::string sizes = std::to_string(geometry.getSizeX()) + " x " + std::to_string(geometry.getSizeY()) + " x " +
-                                  std::to_string(geometry.getSizeZ()) + ", " + std::to_string(geometry.getSizeT()) + " time steps, " +
-                                  std::to_string(geometry.getSizeC()) + " channels";
+                                  std::to_string(geometry.getSizeZ()) + ", " + std::to_string(geometry.getSizeT()) +
+                                  " time steps, " + std::to_string(geometry.getSizeC()) + " channels";
         return BoolResult(false, formatImageMessage(eImageMessage::eIM_ViewSize, getFormatedName(image, eFT_Short), sizes));
     }
     if (geometry.getBufferType() != image.getBufferType())
@@ -43,7 +45,8 @@ BoolResult checkViewGeometry(const BaseImage& image, const BaseImageGeometry& ge
 
 // A view of the channels [firstC, firstC + color.getSizeC()) at one Z and T; the indices are good.
 template <class TImage>
-boost::shared_ptr<TImage> makeView2d(const HostImage& image, const ColorGeometry& color, unsigned long firstC, unsigned long z, unsigned long t)
+boost::shared_ptr<TImage> makeView2d(const HostImage& image, const ColorGeometry& color, unsigned long firstC, unsigned long z,
+                                     unsigned long t)
 {
     HomogeneousImageGeometry geometry;
     geometry.init(VolumeGeometry(), color, TemporalGeometry(), image.getSizeX(), image.getSizeY(), image.getBufferType());
@@ -56,7 +59,8 @@ boost::shared_ptr<TImage> makeView2d(const HostImage& image, const ColorGeometry
 }
 
 template <class TImage>
-boost::shared_ptr<TImage> getSlice2dOf(const boost::shared_ptr<TImage>& image, unsigned long z, unsigned long t, const SourcePlace& place)
+boost::shared_ptr<TImage> getSlice2dOf(const boost::shared_ptr<TImage>& image, unsigned long z, unsigned long t,
+                                       const SourcePlace& place)
 {
     const HostImage& hostImage = detail::getHostImage(image.get(), place);
     if (z >= image->getSizeZ())
@@ -102,7 +106,8 @@ ProcessingResult<bool> SubImageExtractor::reInterpretImageData(TImage& image, co
 }
 
 template <class TImage>
-ProcessingResult<bool> SubImageExtractor::extractSlice2d(TImage& image, unsigned long z, unsigned long t, boost::shared_ptr<TImage>& view)
+ProcessingResult<bool> SubImageExtractor::extractSlice2d(TImage& image, unsigned long z, unsigned long t,
+                                                         boost::shared_ptr<TImage>& view)
 {
     BoolResult result;
     const HostImage* const pImage = detail::findHostImage(image, result);
@@ -130,12 +135,12 @@ ProcessingResult<bool> SubImageExtractor::extractPlane2d(TImage& image, unsigned
     return result;
 }
 
-#define KOVIS_SUB_IMAGE_EXTRACTOR(IMAGE)                                                                                        \
-    template ProcessingResult<bool> SubImageExtractor::reInterpretImageData(IMAGE&, const BaseImageGeometry&,                   \
-                                                                            boost::shared_ptr<IMAGE>&);                         \
-    template ProcessingResult<bool> SubImageExtractor::extractSlice2d(IMAGE&, unsigned long, unsigned long,                     \
-                                                                      boost::shared_ptr<IMAGE>&);                               \
-    template ProcessingResult<bool> SubImageExtractor::extractPlane2d(IMAGE&, unsigned long, unsigned long, unsigned long,      \
+#define KOVIS_SUB_IMAGE_EXTRACTOR(IMAGE)                                                                                         \
+    template ProcessingResult<bool> SubImageExtractor::reInterpretImageData(IMAGE&, const BaseImageGeometry&,                    \
+                                                                            boost::shared_ptr<IMAGE>&);                          \
+    template ProcessingResult<bool> SubImageExtractor::extractSlice2d(IMAGE&, unsigned long, unsigned long,                      \
+                                                                      boost::shared_ptr<IMAGE>&);                                \
+    template ProcessingResult<bool> SubImageExtractor::extractPlane2d(IMAGE&, unsigned long, unsigned long, unsigned long,       \
                                                                       boost::shared_ptr<IMAGE>&);
 
 KOVIS_SUB_IMAGE_EXTRACTOR(BaseImage)
@@ -151,9 +156,10 @@ boost::shared_ptr<BaseImage> getSlice2d(const boost::shared_ptr<BaseImage>& imag
 
 boost::shared_ptr<const BaseImage> getSlice2d(const boost::shared_ptr<const BaseImage>& image, unsigned long z, unsigned long t)
 {
-    return getSlice2dOf(image, z, t,
-                        {"boost::shared_ptr<const kovis::image::BaseImage> kovis::image::getSlice2d(const boost::shared_ptr<const "
-                         "kovis::image::BaseImage>&, unsigned long, unsigned long)",
-                         g_file, __LINE__});
+    return getSlice2dOf(
+        image, z, t,
+        {"boost::shared_ptr<const kovis::image::BaseImage> kovis::image::getSlice2d(const boost::shared_ptr<const "
+         "kovis::image::BaseImage>&, unsigned long, unsigned long)",
+         g_file, __LINE__});
 }
 } // namespace kovis::image

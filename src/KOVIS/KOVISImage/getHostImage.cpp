@@ -19,7 +19,8 @@ const HostImage* findHostImage(const BaseImage& image, BoolResult& result)
 {
     eImageMessage::domain number{};
     const HostImage* const pImage = castToHostImage(image, number);
-    result = pImage != nullptr ? BoolResult(true) : BoolResult(false, formatImageMessage(number, getFormatedName(image, eFT_Short)));
+    result =
+        pImage != nullptr ? BoolResult(true) : BoolResult(false, formatImageMessage(number, getFormatedName(image, eFT_Short)));
     return pImage;
 }
 

@@ -43,8 +43,8 @@ struct eImageMessage
 template <class... TArguments>
 [[noreturn]] void throwImageMessage(eImageMessage::domain number, const SourcePlace& place, const TArguments&... arguments)
 {
-    throwMessage<KOVISImageException>(getKOVISImageLogMessageManager(), getKOVISImageLogger(), typeid(eImageMessage::domain).name(),
-                                      number, place, arguments...);
+    throwMessage<KOVISImageException>(getKOVISImageLogMessageManager(), getKOVISImageLogger(),
+                                      typeid(eImageMessage::domain).name(), number, place, arguments...);
 }
 
 /// The text of message `number`, for a result that carries it upward.

@@ -22,8 +22,8 @@ public:
     /// Lives as long as the library; once the library's static objects are gone it keeps nothing more.
     static MemoryReserve& getInstance();
 
-    /// At least `size` bytes: a kept block whose waste is a quarter at most, or else fresh pages. `bFresh` tells which: fresh pages hold
-    /// zeros, a kept block what its last user left. Null where the system has no more.
+    /// At least `size` bytes: a kept block whose waste is a quarter at most, or else fresh pages. `bFresh` tells which: fresh
+    /// pages hold zeros, a kept block what its last user left. Null where the system has no more.
     MemoryBlock take(std::size_t size, bool& bFresh) noexcept;
 
     /// Keeps the block as far as the limit allows, else gives it back to the system. The oldest blocks make room for it.

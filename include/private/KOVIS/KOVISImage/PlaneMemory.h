@@ -8,8 +8,8 @@
 
 namespace kovis::image::detail
 {
-/// The memory of one plane: 64-byte aligned, zeros on first sight. Memory that an earlier image used is zeroed piece by piece, when a
-/// piece is first asked for, by the thread that asks for it, so that it lies in that thread's cache when it is written.
+/// The memory of one plane: 64-byte aligned, zeros on first sight. Memory that an earlier image used is zeroed piece by piece,
+/// when a piece is first asked for, by the thread that asks for it, so that it lies in that thread's cache when it is written.
 class PlaneMemory
 {
 public:
@@ -21,8 +21,8 @@ public:
 
     void* getData() const { return m_pData; }
 
-    /// Makes sure that the bytes [begin, end) hold what was written to them or else zeros. Bytes past the memory's end are ignored.
-    /// Safe from several threads at once.
+    /// Makes sure that the bytes [begin, end) hold what was written to them or else zeros. Bytes past the memory's end are
+    /// ignored. Safe from several threads at once.
     void prepare(std::size_t begin, std::size_t end)
     {
         // Pairs with the last decrement: whoever sees 0 sees every zero too.

@@ -38,8 +38,8 @@ public:
     /// Throws KOVISImageException for an index out of range.
     const ImagePlane& getPlane(unsigned long c, unsigned long z, unsigned long t) const;
 
-    /// Makes sure that the elements [begin, end) of a plane hold what was written to them or else zeros. Every reader and writer of
-    /// fresh memory calls it first; safe from several threads at once.
+    /// Makes sure that the elements [begin, end) of a plane hold what was written to them or else zeros. Every reader and writer
+    /// of fresh memory calls it first; safe from several threads at once.
     void prepareElements(unsigned long c, unsigned long z, unsigned long t, std::size_t begin, std::size_t end) const;
 
 private:

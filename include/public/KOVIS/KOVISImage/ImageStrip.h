@@ -41,7 +41,8 @@ enum class eStripElements
 };
 
 /// The planes of one Y strip: for each channel, a flat run of elements that whole blocks can be read from and written to.
-/// Where a plane has no room for that, its part is a staging buffer: filled from the plane, and for an output copied back by commit.
+/// Where a plane has no room for that, its part is a staging buffer: filled from the plane, and for an output copied back by
+/// commit.
 class KOVISIMAGE_EXPORT BaseImageYStrip : public BaseImageFragment
 {
 public:
@@ -55,9 +56,9 @@ public:
     unsigned long getFirstElement() const { return m_firstElement; }
 
 protected:
-    /// `range` is a range of elements of the planes of a 2D image: the rows that the strip is made of, one after the other, or a part
-    /// of one row; a strip of whole rows has the image's width, any other is one row. Throws KOVISImageException for a null image, one
-    /// that is not in host memory or not 2D, a range past a plane's end, and a staging buffer that cannot be had.
+    /// `range` is a range of elements of the planes of a 2D image: the rows that the strip is made of, one after the other, or a
+    /// part of one row; a strip of whole rows has the image's width, any other is one row. Throws KOVISImageException for a null
+    /// image, one that is not in host memory or not 2D, a range past a plane's end, and a staging buffer that cannot be had.
     /// Strips of one image may be made on several threads at once.
     BaseImageYStrip(const boost::shared_ptr<const BaseImage>& image, const ElementsRange& range, eStripElements elements);
 

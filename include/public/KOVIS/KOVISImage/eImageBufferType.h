@@ -10,17 +10,17 @@ namespace kovis::image
 enum eImageBufferType : int
 {
     eIBT_None = 0,
-    eIBT_Int8 = 1,      ///< signed char
-    eIBT_UInt8 = 2,     ///< unsigned char
-    eIBT_Int16 = 3,     ///< short
-    eIBT_UInt16 = 4,    ///< unsigned short
-    eIBT_Int32 = 5,     ///< int
-    eIBT_UInt32 = 6,    ///< unsigned int
-    eIBT_Real = 7,      ///< float
-    eIBT_UInt8_8 = 8,   ///< unsigned char
-    eIBT_UInt16_9 = 9,  ///< unsigned short
+    eIBT_Int8 = 1,       ///< signed char
+    eIBT_UInt8 = 2,      ///< unsigned char
+    eIBT_Int16 = 3,      ///< short
+    eIBT_UInt16 = 4,     ///< unsigned short
+    eIBT_Int32 = 5,      ///< int
+    eIBT_UInt32 = 6,     ///< unsigned int
+    eIBT_Real = 7,       ///< float
+    eIBT_UInt8_8 = 8,    ///< unsigned char
+    eIBT_UInt16_9 = 9,   ///< unsigned short
     eIBT_UInt32_10 = 10, ///< unsigned int
-    eIBT_UInt8_11 = 11  ///< unsigned char
+    eIBT_UInt8_11 = 11   ///< unsigned char
 };
 
 /// Bytes of one element; 0 for a value outside 1 to 11.
@@ -36,11 +36,11 @@ KOVISIMAGE_EXPORT eImageBufferType getStorageType(const eImageBufferType& type);
 template <class T>
 struct BufferTypeOf;
 
-#define KOVIS_BUFFER_TYPE_OF(TYPE, VALUE)                  \
-    template <>                                            \
-    struct BufferTypeOf<TYPE>                              \
-    {                                                      \
-        static constexpr eImageBufferType g_value = VALUE; \
+#define KOVIS_BUFFER_TYPE_OF(TYPE, VALUE)                                                                                        \
+    template <>                                                                                                                  \
+    struct BufferTypeOf<TYPE>                                                                                                    \
+    {                                                                                                                            \
+        static constexpr eImageBufferType g_value = VALUE;                                                                       \
     };
 
 KOVIS_BUFFER_TYPE_OF(signed char, eIBT_Int8)
