@@ -1,0 +1,55 @@
+#pragma once
+
+#include "KOVIS/KOVISBaseProcessing/AlgorithmFunctionSelector.h"
+#include "KOVIS/KOVISBaseProcessing/BaseProcessingAlgorithm.h"
+#include "KOVIS/KOVISBaseProcessing/DeclareProcessor.h"
+#include "KOVISIPL/KOVISIPLAttributes/InColorYStrip2d.h"
+#include "KOVISIPL/KOVISIPLGlobalMeasure/KOVISIPLGlobalMeasureExport.h"
+#include "KOVISIPL/KOVISIPLGlobalMeasure/OutStatsAccumulation.h"
+
+#include <boost/shared_ptr.hpp>
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace kovis::imaproc::glbmsr
+{
+/// Measures the exact elements of one Y strip of a colour image. Attributes: InColorYStrip2d, OutStatsAccumulation.
+class KOVISIPLGLOBALMEASURE_EXPORT StatsMsrLvl3 : public processor::BaseProcessingAlgorithm
+{
+    KOVIS_DECLARE_PROCESSOR(StatsMsrLvl3);
+    KOVIS_DECLARE_ATTRIBUTE_ACCESS();
+
+    /// The kernels of this class. Filled at load, read-only afterwards.
+    static processor::AlgorithmFunctionSelector& retrieveFunctionSelector();
+    static processor::AlgorithmFunctionSelector& accessFunctionSelector();
+
+    /// The instruction sets that every run must use from now on; empty means the best that there is. Change them between runs, never
+    /// during one.
+    static processor::InstructionSetsIdentifier& retrieveForcedInstructionSets();
+    static processor::InstructionSetsIdentifier& accessForcedInstructionSets();
+    static void forceInstructionSets(const processor::InstructionSetsIdentifier& instructionSets);
+    static void releaseForcedInstructionSets();
+
+    /// The kernel of one element type: adds the strip's elements, without what lies past the image's end, to the accumulation.
+    template <class T>
+    ProcessingResult<bool> genericProcessFunction(const processor::ProcessingInfo& info);
+
+protected:
+    BoolResult initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
+                           std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
+                           processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
+                           const processor::eProcessorRulePolicy& rulePolicy) override;
+    const processor::AlgorithmFunctionSelector& getFunctionSelector() const override;
+    const processor::InstructionSetsIdentifier& getForcedInstructionSets() const override;
+    void getDataTypeIdColl(processor::DataTypeIdentifierColl& types) const override;
+    void initDataParserColl(std::vector<boost::shared_ptr<processor::BaseDataParser>>& parsers) override;
+    void clearDataParserColl() override;
+
+private:
+    boost::shared_ptr<attr::InColorYStrip2d> m_inColorYStrip2d;
+    boost::shared_ptr<OutStatsAccumulation> m_outStatsAccumulation;
+    boost::shared_ptr<processor::BaseDataParser> m_inputParser;
+};
+} // namespace kovis::imaproc::glbmsr

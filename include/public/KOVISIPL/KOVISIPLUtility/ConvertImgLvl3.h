@@ -1,0 +1,57 @@
+#pragma once
+
+#include "KOVIS/KOVISBaseProcessing/AlgorithmFunctionSelector.h"
+#include "KOVIS/KOVISBaseProcessing/BaseProcessingAlgorithm.h"
+#include "KOVIS/KOVISBaseProcessing/DeclareProcessor.h"
+#include "KOVISIPL/KOVISIPLAttributes/InColorYStrip2d.h"
+#include "KOVISIPL/KOVISIPLAttributes/OutColorYStrip2d.h"
+#include "KOVISIPL/KOVISIPLUtility/KOVISIPLUtilityExport.h"
+
+#include <boost/shared_ptr.hpp>
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace kovis::imaproc::util
+{
+/// Converts the elements of one Y strip to the output's buffer type. Attributes: InColorYStrip2d, OutColorYStrip2d, with as many
+/// channels each.
+class KOVISIPLUTILITY_EXPORT ConvertImgLvl3 : public processor::BaseProcessingAlgorithm
+{
+    KOVIS_DECLARE_PROCESSOR(ConvertImgLvl3);
+    KOVIS_DECLARE_ATTRIBUTE_ACCESS();
+
+    /// The kernels of this class. Filled at load, read-only afterwards.
+    static processor::AlgorithmFunctionSelector& retrieveFunctionSelector();
+    static processor::AlgorithmFunctionSelector& accessFunctionSelector();
+
+    /// The instruction sets that every run must use from now on; empty means the best that there is. Change them between runs, never
+    /// during one.
+    static processor::InstructionSetsIdentifier& retrieveForcedInstructionSets();
+    static processor::InstructionSetsIdentifier& accessForcedInstructionSets();
+    static void forceInstructionSets(const processor::InstructionSetsIdentifier& instructionSets);
+    static void releaseForcedInstructionSets();
+
+    /// The kernel of two element types.
+    template <class Tin, class Tout>
+    ProcessingResult<bool> genericProcessFunction(const processor::ProcessingInfo& info);
+
+protected:
+    BoolResult initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
+                           std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
+                           processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
+                           const processor::eProcessorRulePolicy& rulePolicy) override;
+    const processor::AlgorithmFunctionSelector& getFunctionSelector() const override;
+    const processor::InstructionSetsIdentifier& getForcedInstructionSets() const override;
+    void getDataTypeIdColl(processor::DataTypeIdentifierColl& types) const override;
+    void initDataParserColl(std::vector<boost::shared_ptr<processor::BaseDataParser>>& parsers) override;
+    void clearDataParserColl() override;
+
+private:
+    boost::shared_ptr<attr::InColorYStrip2d> m_inColorYStrip2d;
+    boost::shared_ptr<attr::OutColorYStrip2d> m_outColorYStrip2d;
+    boost::shared_ptr<processor::BaseDataParser> m_inputParser;
+    boost::shared_ptr<processor::BaseDataParser> m_outputParser;
+};
+} // namespace kovis::imaproc::util

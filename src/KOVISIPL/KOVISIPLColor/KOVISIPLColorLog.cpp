@@ -1,0 +1,70 @@
+#include "KOVISIPL/KOVISIPLColor/KOVISIPLColorLog.h"
+
+#include <boost/thread/mutex.hpp>
+
+namespace kovis::imaproc::color
+{
+KOVIS_DEFINE_EXCEPTION(KOVISIPLColorException);
+
+namespace
+{
+struct LoggerNameMutex
+{
+    static boost::mutex& get()
+    {
+        static boost::mutex g_mutex;
+        return g_mutex;
+    }
+};
+
+struct LoggerMutex
+{
+    static boost::mutex& get()
+    {
+        static boost::mutex g_mutex;
+        return g_mutex;
+    }
+};
+
+struct ManagerMutex
+{
+    static boost::mutex& get()
+    {
+        static boost::mutex g_mutex;
+        return g_mutex;
+    }
+};
+
+bool makeMutexes()
+{
+    LoggerNameMutex::get();
+    LoggerMutex::get();
+    ManagerMutex::get();
+    return true;
+}
+
+[[maybe_unused]] const bool g_bMutexesMade = makeMutexes();
+} // namespace
+
+const std::string& getKOVISIPLColorLoggerName()
+{
+    const boost::mutex::scoped_lock lock(LoggerNameMutex::get());
+    static const std::string g_loggerName(getBaseLoggerName() + ".KOVISIPLColor");
+    return g_loggerName;
+}
+
+log4cplus::Logger& getKOVISIPLColorLogger()
+{
+    const std::string& name = getKOVISIPLColorLoggerName(); // before the lock: the two are not nested
+    const boost::mutex::scoped_lock lock(LoggerMutex::get());
+    static log4cplus::Logger g_logger(log4cplus::Logger::getInstance(name));
+    return g_logger;
+}
+
+LogMessageManager& getKOVISIPLColorLogMessageManager()
+{
+    const boost::mutex::scoped_lock lock(ManagerMutex::get());
+    static LogMessageManager* const g_manager = LogMessageManager::getInstance("KOVISIPLColor");
+    return *g_manager;
+}
+} // namespace kovis::imaproc::color

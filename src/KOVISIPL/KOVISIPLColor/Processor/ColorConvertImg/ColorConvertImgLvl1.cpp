@@ -1,0 +1,216 @@
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl1.h"
+
+#include "KOVIS/KOVISBaseProcessing/BaseProcessorDispatcher.h"
+#include "KOVIS/KOVISBaseProcessing/NoSplit.h"
+#include "KOVIS/KOVISImageProcessing/ImageRule.h"
+#include "KOVIS/KOVISImageProcessing/ImageSplit.h"
+#include "KOVIS/KOVISImageProcessing/OutputInitializer.h"
+#include "KOVISIPL/KOVISIPLColor/OutputInitializer/ColorInitializerUtils.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl2.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorProcessorTraits.h"
+#include "KOVISIPL/KOVISIPLColor/Rule/ColorRuleUtils.h"
+#include "KOVISIPL/KOVISIPLGlobalMeasure/StatsMsrLvl1.h"
+#include "KOVISIPL/KOVISIPLUtility/ConvertImgLvl1.h"
+
+KOVIS_PROCESSOR_TRAITS(kovis::imaproc::color, ColorConvertImgLvl1, BaseAsync3Processor, kovis::imaproc::color::ColorProcessorTraits,
+                       "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg", 5);
+
+namespace kovis::imaproc::color
+{
+namespace
+{
+processor::ProcessorDispatchPolicy& getColorConvertImgLvl1StaticDispatchPolicy()
+{
+    static processor::ProcessorDispatchPolicy g_dispatchPolicy;
+    return g_dispatchPolicy;
+}
+} // namespace
+
+KOVIS_DEFINE_PROCESSOR(ColorConvertImgLvl1, getColorConvertImgLvl1StaticDispatchPolicy);
+
+template <class TAttribute>
+void ColorConvertImgLvl1::set(const typename TAttribute::StorageType& value)
+{
+    processor::ProcessorAnatomy<ColorConvertImgLvl1>::set(
+        *this, processor::selectAttribute<TAttribute>(m_inColorImg, m_inColorConversionTransform, m_outColorImg), value);
+}
+
+template <class TAttribute>
+typename boost::enable_if_c<TAttribute::g_bOutput, typename TAttribute::StorageType>::type ColorConvertImgLvl1::getStorage()
+{
+    return processor::ProcessorAnatomy<ColorConvertImgLvl1>::getStorage(*this, processor::selectAttribute<TAttribute>(m_outColorImg));
+}
+
+template KOVISIPLCOLOR_EXPORT void ColorConvertImgLvl1::set<attr::InColorImg>(const attr::InColorImg::StorageType&);
+template KOVISIPLCOLOR_EXPORT void
+ColorConvertImgLvl1::set<attr::InColorConversionTransform>(const attr::InColorConversionTransform::StorageType&);
+template KOVISIPLCOLOR_EXPORT void ColorConvertImgLvl1::set<attr::OutColorImg>(const attr::OutColorImg::StorageType&);
+template KOVISIPLCOLOR_EXPORT attr::OutColorImg::StorageType ColorConvertImgLvl1::getStorage<attr::OutColorImg>();
+
+BoolResult ColorConvertImgLvl1::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
+                                            std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
+                                            processor::ProcessorDispatchPolicy& dispatchPolicy,
+                                            boost::shared_ptr<processor::BaseRule>& rule, const processor::eProcessorRulePolicy& rulePolicy)
+{
+    initAttributeColl(attributes, outputInitializers);
+    dispatchPolicy = getDefaultDispatchPolicy();
+    rule.reset();
+    if (rulePolicy != processor::ePRP_NoRules)
+    {
+        rule = createRule();
+    }
+    return BoolResult(true);
+}
+
+void ColorConvertImgLvl1::initAttributeColl(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
+                                            std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers)
+{
+    attributes.clear();
+    processor::makeAttribute(m_inColorImg, attributes);
+    processor::makeAttribute(m_inColorConversionTransform, attributes);
+    processor::makeAttribute(m_outOptWk1RealImg, attributes);
+    processor::makeAttribute(m_outColorImg, attributes);
+
+    outputInitializers.clear();
+    outputInitializers[m_outColorImg->getObjectName()] =
+        customOutput<attr::OutColorImg>(m_outColorImg, outputTargetColorSpace(m_inColorImg, m_inColorConversionTransform));
+}
+
+boost::shared_ptr<processor::BaseRule> ColorConvertImgLvl1::createRule() const
+{
+    const auto workingImageIsSet = boost::make_shared<processor::RuleOptionalIsSet>();
+    workingImageIsSet->init(boost::weak_ptr<const processor::BaseAttribute>(m_outOptWk1RealImg));
+    return matchSize(eMIST_XYZT, m_inColorImg, m_outColorImg)
+           && processor::If(workingImageIsSet, matchSize(m_inColorImg, m_outOptWk1RealImg), processor::none())
+           && matchColorSpace(m_inColorImg, m_outColorImg, m_inColorConversionTransform);
+}
+
+bool ColorConvertImgLvl1::isRangeTestNeeded() const
+{
+    if (m_inColorImg->getStorage()->getColorGeometryType() != image::eCGT_Rgb)
+    {
+        return false;
+    }
+    // Luv runs the same curve, unmeasured
+    const image::eColorGeometryType output = m_outColorImg->getStorage()->getColorGeometryType();
+    return output == image::eCGT_CieLab || output == image::eCGT_XYZ;
+}
+
+processor::RetrievalResult ColorConvertImgLvl1::retrieveFirstProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider)
+{
+    m_currentSource = m_inColorImg->getStorage();
+    if (isRangeTestNeeded())
+    {
+        m_statsResult = boost::make_shared<attr::StatsResult>();
+        return stats(priority, provider);
+    }
+    return callLvl2(priority, provider);
+}
+
+processor::RetrievalResult ColorConvertImgLvl1::retrieveSecondProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider)
+{
+    if (!isRangeTestNeeded())
+    {
+        return processor::eRS_NoWork;
+    }
+    // written so that a NaN fails
+    if (!(m_statsResult->getMinimum() >= 0.0) || !(m_statsResult->getMaximum() <= 255.0))
+    {
+        throwMessage<KOVISIPLColorException>(
+            getKOVISIPLColorLogMessageManager(), getKOVISIPLColorLogger(), eProcessorMessage::ePM_ImageOutOfRange,
+            SourcePlace{"virtual kovis::processor::RetrievalResult kovis::imaproc::color::ColorConvertImgLvl1::retrieveSecondProvider(const "
+                        "kovis::core::BasePriority&, kovis::core::ActionProviderPtr&)",
+                        processor::ProcessorTraits<ColorConvertImgLvl1>::g_sourcePath, __LINE__},
+            0, 255);
+    }
+    m_outOptWk1RealImg->clear();
+    const auto initializer =
+        duplicateInOut<attr::InColorImg, attr::OutOptWk1RealImg>(boost::weak_ptr<attr::OutOptWk1RealImg>(m_outOptWk1RealImg),
+                                                                 boost::weak_ptr<attr::InColorImg>(m_inColorImg), image::eIBT_Real, eIIDP_AsInput);
+    const BoolResult result = initializer->initOutputAttribute();
+    if (!result)
+    {
+        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
+    }
+    if (m_inColorImg->getStorage()->getBufferType() == image::eIBT_Real)
+    {
+        return callLvl2(priority, provider);
+    }
+    return convert(priority, provider);
+}
+
+processor::RetrievalResult ColorConvertImgLvl1::retrieveThirdProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider)
+{
+    if (!isRangeTestNeeded())
+    {
+        return processor::eRS_NoWork;
+    }
+    // for a float input too, whose working image nobody has filled
+    m_currentSource = m_outOptWk1RealImg->getStorage();
+    return callLvl2(priority, provider);
+}
+
+processor::RetrievalResult ColorConvertImgLvl1::stats(const core::BasePriority& priority, core::ActionProviderPtr& provider)
+{
+    const auto measure = boost::make_shared<glbmsr::StatsMsrLvl1>();
+    measure->init(processor::ePRP_Rules);
+    measure->set<attr::InImg>(m_inColorImg->getStorage());
+    measure->set<attr::OutStatsResult>(m_statsResult);
+    return provideProcessor(measure, priority, provider);
+}
+
+processor::RetrievalResult ColorConvertImgLvl1::convert(const core::BasePriority& priority, core::ActionProviderPtr& provider)
+{
+    const auto conversion = boost::make_shared<util::ConvertImgLvl1>();
+    conversion->init(processor::ePRP_Rules);
+    conversion->set<attr::InImg>(m_inColorImg->getStorage());
+    conversion->set<attr::InConvertImageBufferType>(image::eIBT_Real);
+    conversion->set<attr::OutImg>(m_outOptWk1RealImg->getStorage());
+    return provideProcessor(conversion, priority, provider);
+}
+
+processor::RetrievalResult ColorConvertImgLvl1::callLvl2(const core::BasePriority& priority, core::ActionProviderPtr& provider)
+{
+    const auto dispatcher = boost::make_shared<processor::StaticProcessorDispatcher<ColorConvertImgLvl2>>();
+
+    const auto outputSplit = boost::make_shared<SubImageSplit<ColorConvertImgLvl2, attr::OutSubColorImg2d>>();
+    BoolResult result = outputSplit->initBase(eSIST_Slices, eVPT_Slices, eCPT_AllChannels, eTPT_Steps, m_outColorImg->getStorage());
+    if (!result)
+    {
+        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
+    }
+    const auto transformSplit = processor::staticNoSplit<ColorConvertImgLvl2, attr::InColorConversionTransform>(
+        boost::static_pointer_cast<const attr::ColorConversionTransform>(m_inColorConversionTransform->accessDataItemNodePtr()));
+    const auto inputSplit = boost::make_shared<SubImageSplit<ColorConvertImgLvl2, attr::InSubColorImg2d>>();
+    result = inputSplit->initBase(eSIST_Slices, eVPT_Slices, eCPT_AllChannels, eTPT_Steps, m_currentSource);
+    if (!result)
+    {
+        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
+    }
+
+    const std::vector<boost::shared_ptr<processor::BaseStaticSplit>> splits{inputSplit, transformSplit, outputSplit};
+    result = dispatcher->initBase(priority, splits);
+    if (!result)
+    {
+        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
+    }
+    provider = dispatcher;
+    return processor::eRS_Provided;
+}
+
+processor::RetrievalResult ColorConvertImgLvl1::provideProcessor(const boost::shared_ptr<core::BaseAction>& action,
+                                                                 const core::BasePriority& priority, core::ActionProviderPtr& provider)
+{
+    action->setActionPriority(priority);
+    const auto single = boost::make_shared<core::SingleActionProvider>();
+    const BoolResult result = single->init(action);
+    if (!result)
+    {
+        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
+    }
+    provider = single;
+    return processor::eRS_Provided;
+}
+} // namespace kovis::imaproc::color
+
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::ColorConvertImgLvl1, "kovis::imaproc::color::ColorConvertImgLvl1", makeClassMutexes);

@@ -1,0 +1,95 @@
+#include "KOVISIPL/KOVISIPLGlobalMeasure/StatsMsrLvl1.h"
+
+#include "KOVIS/KOVISBaseProcessing/BaseProcessorDispatcher.h"
+#include "KOVIS/KOVISBaseProcessing/NoSplit.h"
+#include "KOVIS/KOVISImageProcessing/ImageSplit.h"
+#include "KOVISIPL/KOVISIPLGlobalMeasure/MeasureProcessorTraits.h"
+#include "KOVISIPL/KOVISIPLGlobalMeasure/StatsMsrLvl2.h"
+
+#include <cmath>
+#include <limits>
+
+KOVIS_PROCESSOR_TRAITS(kovis::imaproc::glbmsr, StatsMsrLvl1, BaseAsync1Processor, kovis::imaproc::glbmsr::MeasureProcessorTraits, "KOVISIPL/KOVISIPLGlobalMeasure", 0);
+
+namespace kovis::imaproc::glbmsr
+{
+namespace
+{
+processor::ProcessorDispatchPolicy& getStatsMsrLvl1StaticDispatchPolicy()
+{
+    static processor::ProcessorDispatchPolicy g_dispatchPolicy;
+    return g_dispatchPolicy;
+}
+} // namespace
+
+KOVIS_DEFINE_PROCESSOR(StatsMsrLvl1, getStatsMsrLvl1StaticDispatchPolicy);
+
+template <class TAttribute>
+void StatsMsrLvl1::set(const typename TAttribute::StorageType& value)
+{
+    processor::ProcessorAnatomy<StatsMsrLvl1>::set(*this, processor::selectAttribute<TAttribute>(m_inImg, m_outStatsResult), value);
+}
+
+template KOVISIPLGLOBALMEASURE_EXPORT void StatsMsrLvl1::set<attr::InImg>(const attr::InImg::StorageType&);
+template KOVISIPLGLOBALMEASURE_EXPORT void StatsMsrLvl1::set<attr::OutStatsResult>(const attr::OutStatsResult::StorageType&);
+
+BoolResult StatsMsrLvl1::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
+                                    std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
+                                    processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
+                                    const processor::eProcessorRulePolicy& rulePolicy)
+{
+    attributes.clear();
+    processor::makeAttribute(m_inImg, attributes);
+    processor::makeAttribute(m_outStatsResult, attributes);
+    outputInitializers.clear();
+    dispatchPolicy = getDefaultDispatchPolicy();
+    rule.reset();
+    if (rulePolicy != processor::ePRP_NoRules)
+    {
+        rule = processor::none();
+    }
+    return BoolResult(true);
+}
+
+processor::RetrievalResult StatsMsrLvl1::retrieveProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider)
+{
+    const auto dispatcher = boost::make_shared<processor::StaticProcessorDispatcher<StatsMsrLvl2>>();
+    m_accumulation = boost::make_shared<StatsAccumulation>();
+
+    const auto imageSplit = boost::make_shared<SubImageSplit<StatsMsrLvl2, attr::InSubColorImg2d>>();
+    BoolResult result = imageSplit->initBase(eSIST_Slices, eVPT_Slices, eCPT_AllChannels, eTPT_Steps, m_inImg->getStorage());
+    if (!result)
+    {
+        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
+    }
+    const auto accumulationSplit = processor::staticNoSplit<StatsMsrLvl2, OutStatsAccumulation>(m_accumulation);
+
+    const std::vector<boost::shared_ptr<processor::BaseStaticSplit>> splits{imageSplit, accumulationSplit};
+    result = dispatcher->initBase(priority, splits);
+    if (!result)
+    {
+        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
+    }
+    provider = dispatcher;
+    return processor::eRS_Provided;
+}
+
+BoolResult StatsMsrLvl1::postProcess()
+{
+    const StatsPart total = m_accumulation->getTotal();
+    m_accumulation.reset();
+    const auto nbElements = static_cast<long double>(total.m_nbElements);
+    const long double sum = total.m_sum.getValue();
+    const long double mean = sum / nbElements;
+    const long double variance = total.m_sumOfSquares.getValue() / nbElements - mean * mean;
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    // adding 0.0 makes a negative zero a plain one, as which of the two came first depends on the cut
+    m_outStatsResult->getStorage()->setValues(total.m_nbElements, total.m_bNaN ? nan : static_cast<double>(sum),
+                                              total.m_bNaN ? nan : static_cast<double>(mean), total.m_bNaN ? nan : total.m_minimum + 0.0,
+                                              total.m_bNaN ? nan : total.m_maximum + 0.0,
+                                              total.m_bNaN ? nan : static_cast<double>(std::sqrt(variance < 0.0L ? 0.0L : variance)));
+    return BoolResult(true);
+}
+} // namespace kovis::imaproc::glbmsr
+
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::glbmsr::StatsMsrLvl1, "kovis::imaproc::glbmsr::StatsMsrLvl1", makeClassMutexes);

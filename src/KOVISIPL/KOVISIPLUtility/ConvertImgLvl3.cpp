@@ -1,0 +1,135 @@
+#include "KOVISIPL/KOVISIPLUtility/ConvertImgLvl3.h"
+
+#include "KOVIS/KOVISImageProcessing/ImageBufferTypeIdentifier.h"
+#include "KOVIS/KOVISImageProcessing/ImageRule.h"
+#include "KOVIS/KOVISImageProcessing/KernelTable.h"
+#include "KOVIS/KOVISImageProcessing/StripParserInfo.h"
+#include "KOVISIPL/KOVISIPLUtility/UtilityProcessorTraits.h"
+#include "KOVISIPL/KOVISIPLUtility/convertElements.h"
+
+#include <algorithm>
+
+KOVIS_PROCESSOR_TRAITS(kovis::imaproc::util, ConvertImgLvl3, BaseProcessingAlgorithm, kovis::imaproc::util::UtilityProcessorTraits, "KOVISIPL/KOVISIPLUtility", 2);
+
+namespace kovis::imaproc::util
+{
+namespace
+{
+processor::ProcessorDispatchPolicy& getConvertImgLvl3StaticDispatchPolicy()
+{
+    static processor::ProcessorDispatchPolicy g_dispatchPolicy;
+    return g_dispatchPolicy;
+}
+} // namespace
+
+KOVIS_DEFINE_PROCESSOR(ConvertImgLvl3, getConvertImgLvl3StaticDispatchPolicy);
+KOVIS_DEFINE_ALGORITHM(ConvertImgLvl3);
+
+template <class TAttribute>
+void ConvertImgLvl3::set(const typename TAttribute::StorageType& value)
+{
+    processor::ProcessorAnatomy<ConvertImgLvl3>::set(*this, processor::selectAttribute<TAttribute>(m_inColorYStrip2d, m_outColorYStrip2d), value);
+}
+
+template KOVISIPLUTILITY_EXPORT void ConvertImgLvl3::set<attr::InColorYStrip2d>(const attr::InColorYStrip2d::StorageType&);
+template KOVISIPLUTILITY_EXPORT void ConvertImgLvl3::set<attr::OutColorYStrip2d>(const attr::OutColorYStrip2d::StorageType&);
+
+BoolResult ConvertImgLvl3::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
+                                      std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
+                                      processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
+                                      const processor::eProcessorRulePolicy& rulePolicy)
+{
+    attributes.clear();
+    processor::makeAttribute(m_inColorYStrip2d, attributes);
+    processor::makeAttribute(m_outColorYStrip2d, attributes);
+    outputInitializers.clear();
+    dispatchPolicy = getDefaultDispatchPolicy();
+    rule.reset();
+    if (rulePolicy != processor::ePRP_NoRules)
+    {
+        rule = matchPlanarSize(m_inColorYStrip2d, m_outColorYStrip2d);
+    }
+    return BoolResult(true);
+}
+
+void ConvertImgLvl3::getDataTypeIdColl(processor::DataTypeIdentifierColl& types) const
+{
+    ImageBufferTypeIdentifier input;
+    input.init(m_inColorYStrip2d->getImageBufferType());
+    ImageBufferTypeIdentifier output;
+    output.init(m_outColorYStrip2d->getImageBufferType());
+    types.init(input, output);
+}
+
+void ConvertImgLvl3::initDataParserColl(std::vector<boost::shared_ptr<processor::BaseDataParser>>& parsers)
+{
+    parsers.clear();
+    if (m_inColorYStrip2d)
+    {
+        using Attribute = BaseInputYStripColor2dAttribute;
+        m_inputParser = StripParserInfo<RawStripParserMode, Attribute, Attribute>::createParser(m_inColorYStrip2d);
+        parsers.push_back(m_inputParser);
+    }
+    if (m_outColorYStrip2d)
+    {
+        using Attribute = BaseOutputYStripColor2dAttribute;
+        m_outputParser = StripParserInfo<RawStripParserMode, Attribute, Attribute>::createParser(m_outColorYStrip2d);
+        parsers.push_back(m_outputParser);
+    }
+}
+
+void ConvertImgLvl3::clearDataParserColl()
+{
+    for (boost::shared_ptr<processor::BaseDataParser>* const parser : {&m_inputParser, &m_outputParser})
+    {
+        if (*parser)
+        {
+            (*parser)->clear();
+            parser->reset();
+        }
+    }
+}
+
+template <class Tin, class Tout>
+ProcessingResult<bool> ConvertImgLvl3::genericProcessFunction(const processor::ProcessingInfo& info)
+{
+    auto* const input = static_cast<RawYStripUserColor2dParser<Tin, BaseInputYStripColor2dAttribute>*>(m_inputParser.get());
+    auto* const output = static_cast<RawYStripUserColor2dParser<Tout, BaseOutputYStripColor2dAttribute>*>(m_outputParser.get());
+    const unsigned long inSizeC = m_inColorYStrip2d->getBaseImageYStripColor2d().getSizeC();
+    const unsigned long outSizeC = m_outColorYStrip2d->getBaseImageYStripColor2d().getSizeC();
+    for (unsigned long c = 0; c < std::min(inSizeC, outSizeC); ++c)
+    {
+        convertElements(input->accessBuffer(c), output->accessBuffer(c), info.m_nbElements);
+    }
+    return ProcessingResult<bool>(true);
+}
+
+namespace details
+{
+static bool functionRegistration()
+{
+    KernelTable<ConvertImgLvl3> table(ConvertImgLvl3::retrieveFunctionSelector(), processor::ProcessorTraits<ConvertImgLvl3>::g_sourcePath);
+    forEachBufferType(
+        [&table]<int inType>()
+        {
+            forEachBufferType(
+                [&table]<int outType>()
+                {
+                    table.registerRow(&ConvertImgLvl3::genericProcessFunction<BufferElement<inType>, BufferElement<outType>>, inType, outType);
+                });
+        });
+    table.report(__LINE__);
+    return true;
+}
+} // namespace details
+} // namespace kovis::imaproc::util
+
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::util::ConvertImgLvl3, "kovis::imaproc::util::ConvertImgLvl3", makeAlgorithmMutexes);
+
+namespace kovis::imaproc::util
+{
+namespace
+{
+[[maybe_unused]] const bool g_bFunctionsRegistred = details::functionRegistration();
+} // namespace
+} // namespace kovis::imaproc::util
