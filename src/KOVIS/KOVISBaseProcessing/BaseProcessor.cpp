@@ -144,6 +144,12 @@ BoolResult BaseProcessor::syncInputDataDerived(const Guid&)
 
 BoolResult BaseProcessor::syncOutputDataDerived(const Guid&)
 {
+    if (core::detail::isStopping(getRunContext()))
+    {
+        return BoolResult(false, processingText(eProcessorMessage::ePM_Stopped, getObjectName()));
+    }
+    // The work is done: a later run that ends before it begins must not take these out.
+    m_madeOutputs.clear();
     return BoolResult(true);
 }
 
