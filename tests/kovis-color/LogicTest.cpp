@@ -1,13 +1,19 @@
 #include "ColourSpace.h"
 #include "Conversion.h"
+#include "LibraryImage.h"
 #include "MatrixText.h"
 #include "Numbers.h"
 #include "ToolError.h"
 #include "kovis-color/TestFiles.h"
 
+#include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
+#include <cstring>
 #include <fstream>
+#include <limits>
 
 namespace kovis::tool::test
 {
@@ -151,5 +157,61 @@ TEST(Conversion, theCasesThatTheLibraryLeavesEmptyAreKnown)
     EXPECT_FALSE(isEmpty(image::eCGT_Rgb, image::eCGT_XYZ, ElementType::eU8));
     EXPECT_FALSE(isEmpty(image::eCGT_Rgba, image::eCGT_XYZ, ElementType::eF32));
     EXPECT_FALSE(isEmpty(image::eCGT_HSV, image::eCGT_CieLab, ElementType::eF32));
+}
+
+TEST(Conversion, sliceBySliceGivesWhatTheWholeGives)
+{
+    PictureShape shape;
+    shape.sizeX = 67;
+    shape.sizeY = 41;
+    shape.pages = 3;
+    shape.channels = 3;
+    shape.type = ElementType::eU8;
+    const auto picture = boost::make_shared<Picture>(makePicture(shape));
+    Conversion conversion;
+    conversion.to = image::eCGT_HSV;
+    double progress = 0.0;
+    const auto listener = [&progress](double now)
+    {
+        EXPECT_GE(now, progress);
+        progress = now;
+    };
+    const auto whole = convertPicture(picture, conversion, listener);
+    EXPECT_EQ(progress, 1.0);
+    progress = 0.0;
+    const auto slices = convertSlices(picture, conversion, false, listener);
+    EXPECT_EQ(progress, 1.0);
+    const PictureView one = viewOf(*whole);
+    const PictureView two = viewOf(*slices);
+    ASSERT_EQ(one.planes.size(), 9U);
+    ASSERT_EQ(two.planes.size(), 9U);
+    ASSERT_EQ(two.shape.type, ElementType::eF32);
+    for (std::size_t plane = 0; plane < 9; ++plane)
+        EXPECT_EQ(std::memcmp(one.planes[plane], two.planes[plane], one.shape.getPlaneBytes()), 0) << plane;
+    // Hue is in the first plane of each slice, and the scattered samples have many.
+    EXPECT_GT(*std::max_element(static_cast<const float*>(two.planes[6]), static_cast<const float*>(two.planes[6]) + 67 * 41), 300.0F);
+}
+
+TEST(Conversion, theTestOfTheRangeComesBeforeTheSlices)
+{
+    PictureShape shape;
+    shape.sizeX = 4;
+    shape.sizeY = 4;
+    shape.pages = 2;
+    shape.channels = 3;
+    shape.type = ElementType::eF32;
+    const auto picture = boost::make_shared<Picture>();
+    picture->shape = shape;
+    picture->allocate();
+    picture->getPlane<float>(1, 2)[15] = 255.0F;
+    Conversion conversion;
+    conversion.to = image::eCGT_HSV;
+    const auto listener = [](double) {};
+    EXPECT_NO_THROW(convertSlices(picture, conversion, true, listener));
+    picture->getPlane<float>(1, 2)[15] = std::nextafter(255.0F, 256.0F);
+    EXPECT_NO_THROW(convertSlices(picture, conversion, false, listener));
+    EXPECT_THROW(convertSlices(picture, conversion, true, listener), std::runtime_error);
+    picture->getPlane<float>(1, 2)[15] = std::numeric_limits<float>::quiet_NaN();
+    EXPECT_THROW(convertSlices(picture, conversion, true, listener), std::runtime_error);
 }
 } // namespace kovis::tool::test

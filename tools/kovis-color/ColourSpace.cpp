@@ -39,8 +39,8 @@ std::string toLower(const std::string& text)
     return lower;
 }
 
-// Edits: a letter put in, left out or changed, and two neighbours exchanged.
-std::size_t countEdits(const std::string& left, const std::string& right)
+// The cost of the edits: 2 for a letter put in, left out or changed, 1 for two neighbours exchanged, the likeliest slip.
+std::size_t weighEdits(const std::string& left, const std::string& right)
 {
     std::vector<std::vector<std::size_t>> edits(left.size() + 1, std::vector<std::size_t>(right.size() + 1));
     for (std::size_t i = 0; i <= left.size(); ++i)
@@ -49,11 +49,11 @@ std::size_t countEdits(const std::string& left, const std::string& right)
         {
             if (i == 0 || j == 0)
             {
-                edits[i][j] = i + j;
+                edits[i][j] = 2 * (i + j);
                 continue;
             }
-            const std::size_t change = left[i - 1] == right[j - 1] ? 0 : 1;
-            edits[i][j] = std::min({edits[i - 1][j] + 1, edits[i][j - 1] + 1, edits[i - 1][j - 1] + change});
+            const std::size_t change = left[i - 1] == right[j - 1] ? 0 : 2;
+            edits[i][j] = std::min({edits[i - 1][j] + 2, edits[i][j - 1] + 2, edits[i - 1][j - 1] + change});
             if (i > 1 && j > 1 && left[i - 1] == right[j - 2] && left[i - 2] == right[j - 1])
                 edits[i][j] = std::min(edits[i][j], edits[i - 2][j - 2] + 1);
         }
@@ -71,7 +71,7 @@ std::string findNearest(const std::string& word, const char* const* names, std::
 {
     const std::string lower = toLower(word).substr(0, 64);
     return *std::min_element(names, names + nbNames, [&lower](const char* left, const char* right)
-                             { return countEdits(lower, left) < countEdits(lower, right); });
+                             { return weighEdits(lower, left) < weighEdits(lower, right); });
 }
 
 image::eColorGeometryType parseSpace(const std::string& option, const std::string& name)

@@ -2,6 +2,7 @@
 
 #include "ColourSpace.h"
 #include "LibraryImage.h"
+#include "Numbers.h"
 #include "ToolError.h"
 
 #include "KOVIS/KOVISImage/ImageFactory.h"
@@ -62,24 +63,9 @@ void checkRange(const Picture& picture)
     }
 }
 
-void convertSlices(const boost::shared_ptr<const BaseImage>& input, const TransformPtr& transform,
-                   const boost::shared_ptr<BaseImage>& result, const ProgressListener& listener)
+boost::shared_ptr<BaseImage> makeResult(const PictureShape& shape, const Conversion& conversion, ElementType type)
 {
-    using imaproc::color::ColorConvertImgLvl2;
-    const unsigned long nbSlices = input->getSizeZ();
-    for (unsigned long z = 0; z < nbSlices; ++z)
-    {
-        const auto processor = boost::make_shared<ColorConvertImgLvl2>();
-        processor->init();
-        processor->set<imaproc::attr::InSubColorImg2d>(image::getSlice2d(input, z, 0));
-        processor->set<imaproc::attr::InColorConversionTransform>(transform);
-        processor->set<imaproc::attr::OutSubColorImg2d>(image::getSlice2d(result, z, 0));
-        const BoolResult started = processor->run(core::eST_Asynchronous);
-        if (!started)
-            throw std::runtime_error(started.getMessage());
-        const auto all = static_cast<double>(nbSlices);
-        follow(*processor, listener, static_cast<double>(z) / all, static_cast<double>(z + 1) / all);
-    }
+    return createResult(shape, conversion.to, getResultChannels(conversion, shape.channels), type);
 }
 
 bool usesMatrix(const Conversion& conversion)
@@ -147,24 +133,44 @@ bool isLeftEmptyByTheLibrary(const Conversion& conversion, ElementType inputType
            (conversion.to == image::eCGT_CieLab || conversion.to == image::eCGT_XYZ);
 }
 
+boost::shared_ptr<BaseImage> convertSlices(const boost::shared_ptr<Picture>& picture, const Conversion& conversion, bool bRangeTest,
+                                           const ProgressListener& listener)
+{
+    using imaproc::color::ColorConvertImgLvl2;
+    if (bRangeTest)
+        checkRange(*picture);
+    const boost::shared_ptr<const BaseImage> input = wrapPicture(picture, conversion.from);
+    const TransformPtr transform = makeTransform(conversion);
+    const ElementType libraryType = getLibraryType(conversion.from, conversion.to, picture->shape.type);
+    const auto result = makeResult(picture->shape, conversion, conversion.resultType.value_or(libraryType));
+    const std::size_t nbSlices = picture->shape.pages;
+    for (std::size_t z = 0; z < nbSlices; ++z)
+    {
+        const auto processor = boost::make_shared<ColorConvertImgLvl2>();
+        processor->init();
+        processor->set<imaproc::attr::InSubColorImg2d>(image::getSlice2d(input, z, 0));
+        processor->set<imaproc::attr::InColorConversionTransform>(transform);
+        processor->set<imaproc::attr::OutSubColorImg2d>(image::getSlice2d(result, z, 0));
+        const BoolResult started = processor->run(core::eST_Asynchronous);
+        if (!started)
+            throw std::runtime_error(started.getMessage());
+        const auto all = static_cast<double>(nbSlices);
+        follow(*processor, listener, static_cast<double>(z) / all, static_cast<double>(z + 1) / all);
+    }
+    return result;
+}
+
 boost::shared_ptr<BaseImage> convertPicture(const boost::shared_ptr<Picture>& picture, const Conversion& conversion,
                                             const ProgressListener& listener)
 {
+    if (isLeftEmptyByTheLibrary(conversion, picture->shape.type))
+        return convertSlices(picture, conversion, true, listener);
     const boost::shared_ptr<const BaseImage> input = wrapPicture(picture, conversion.from);
     const TransformPtr transform = makeTransform(conversion);
-    const auto makeResult = [&](ElementType type)
-    { return createResult(picture->shape, conversion.to, getResultChannels(conversion, picture->shape.channels), type); };
-
-    if (isLeftEmptyByTheLibrary(conversion, picture->shape.type))
-    {
-        checkRange(*picture);
-        const boost::shared_ptr<BaseImage> result = makeResult(conversion.resultType.value_or(ElementType::eF32));
-        convertSlices(input, transform, result, listener);
-        return result;
-    }
-    const auto processor = conversion.resultType
-                               ? imaproc::color::colorConvertImg_async(input, transform, makeResult(*conversion.resultType))
-                               : imaproc::color::colorConvertImg_async(input, transform);
+    const auto processor =
+        conversion.resultType
+            ? imaproc::color::colorConvertImg_async(input, transform, makeResult(picture->shape, conversion, *conversion.resultType))
+            : imaproc::color::colorConvertImg_async(input, transform);
     follow(*processor, listener, 0.0, 1.0);
     return imaproc::color::getAsyncProcessorOutput(processor);
 }
