@@ -1,0 +1,395 @@
+#include "KOVISIPL/KOVISIPLColor/KOVISIPLColorLog.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/convertPlanes.h"
+#include "KOVISIPLColor/kernel/KernelGrid.h"
+#include "KOVISIPLColor/kernel/KernelSamples.h"
+
+#include <gmock/gmock.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+// A whole conversion of planes: copy, chain, links, working planes.
+
+namespace kovis::test
+{
+namespace
+{
+using namespace imaproc::color;
+using namespace image;
+
+template <eInstructionSet::domain A, eInstructionSet::domain B>
+struct SetPair
+{
+    static constexpr eInstructionSet::domain g_first = A;
+    static constexpr eInstructionSet::domain g_second = B;
+    using Register = typename simd::FormOf<A, B>::Register;
+    static constexpr const ModelForm& g_form = FormTraits<Register>::g_form;
+};
+
+struct PairNames
+{
+    template <class Pair>
+    static std::string GetName(int)
+    {
+        return Pair::g_form.m_name;
+    }
+};
+
+using AllPairs = testing::Types<SetPair<eInstructionSet::eIS_Generic, eInstructionSet::eIS_Generic>,
+                                SetPair<eInstructionSet::eIS_SSE2, eInstructionSet::eIS_SSE2>,
+                                SetPair<eInstructionSet::eIS_AVX, eInstructionSet::eIS_AVX>,
+                                SetPair<eInstructionSet::eIS_AVX2, eInstructionSet::eIS_AVX2>,
+                                SetPair<eInstructionSet::eIS_FMA3, eInstructionSet::eIS_AVX2>>;
+using IntegerPairs = testing::Types<SetPair<eInstructionSet::eIS_Generic, eInstructionSet::eIS_Generic>,
+                                    SetPair<eInstructionSet::eIS_SSE2, eInstructionSet::eIS_SSE2>,
+                                    SetPair<eInstructionSet::eIS_AVX2, eInstructionSet::eIS_AVX2>,
+                                    SetPair<eInstructionSet::eIS_FMA3, eInstructionSet::eIS_AVX2>>;
+
+constexpr unsigned long g_count = 192;
+
+unsigned int channelsOf(eColorGeometryType geometry, unsigned int userSizeC = 3)
+{
+    return geometry == eCGT_User ? userSizeC : static_cast<unsigned int>(getNbChannels(geometry));
+}
+
+template <class Pair, class Tin, class Tout>
+void convert(eColorGeometryType from, eColorGeometryType to, const std::vector<float>& matrix, PlaneSet<Tin>& in, PlaneSet<Tout>& out,
+             unsigned long count = g_count)
+{
+    convertPlanes<Tin, Tout, Pair::g_first, Pair::g_second>(
+        ConversionStep(from, static_cast<unsigned int>(in.size()), BufferTypeOf<Tin>::g_value),
+        ConversionStep(to, static_cast<unsigned int>(out.size()), BufferTypeOf<Tout>::g_value), matrix, count, in.in(), out.out());
+}
+
+std::vector<float> narrowed(eColorGeometryType from, eColorGeometryType to, eImageBufferType fromType, eImageBufferType toType)
+{
+    const LinearTransform transform = getLinearTransform(from, to, fromType, toType);
+    std::vector<float> matrix;
+    for (std::size_t i = 0; i < transform.getSize(); ++i)
+    {
+        matrix.push_back(static_cast<float>(transform.getData()[i]));
+    }
+    return matrix;
+}
+
+template <class T>
+void expectSame(PlaneSet<T>& planes, PlaneSet<T>& expected)
+{
+    for (std::size_t c = 0; c < expected.size(); ++c)
+    {
+        for (unsigned long i = 0; i < g_count; ++i)
+        {
+            ASSERT_TRUE(sameValue(planes[c][i], expected[c][i]))
+                << "channel " << c << ", element " << i << ": " << +planes[c][i] << " for " << +expected[c][i];
+        }
+    }
+}
+
+template <class T>
+void storeHSV(const ModelForm& form, PlaneSet<float>& rgb, PlaneSet<T>& hsv)
+{
+    for (unsigned long i = 0; i < g_count; ++i)
+    {
+        const ModelPixel pixel = modelHSVFromRGB(form, {rgb[0][i], rgb[1][i], rgb[2][i]});
+        for (std::size_t c = 0; c < 3; ++c)
+        {
+            hsv[c][i] = modelStore<T>(form, pixel[c]);
+        }
+    }
+}
+
+/// Does some link of the route from one space to the other need a family that is still missing?
+bool isMissing(eColorGeometryType from, eColorGeometryType to)
+{
+    if (from == to && from != eCGT_User)
+    {
+        return false;
+    }
+    const ConversionChain chain = buildConversionChain(ConversionStep(from, channelsOf(from), eIBT_Real), ConversionStep(to, channelsOf(to), eIBT_Real));
+    const std::set<eColorGeometryType> missing{eCGT_CieLab, eCGT_CieLuv, eCGT_HLS};
+    for (std::size_t k = 0; k + 1 < chain.size(); ++k)
+    {
+        const eColorGeometryType begin = chain[k].get<0>();
+        const eColorGeometryType end = chain[k + 1].get<0>();
+        if (missing.count(begin) != 0 || missing.count(end) != 0 || (begin == eCGT_Rgb && end == eCGT_XYZ))
+        {
+            return true;
+        }
+    }
+    return false;
+}
+} // namespace
+
+template <class Pair>
+class ConvertPlanes : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (!canRun(Pair::g_form))
+        {
+            GTEST_SKIP() << "this processor cannot run " << Pair::g_form.m_name;
+        }
+    }
+};
+template <class Pair>
+class ConvertIntegerPlanes : public ConvertPlanes<Pair>
+{
+};
+TYPED_TEST_SUITE(ConvertPlanes, AllPairs, PairNames);
+TYPED_TEST_SUITE(ConvertIntegerPlanes, IntegerPairs, PairNames);
+
+TYPED_TEST(ConvertPlanes, EqualGeometriesCopyBitsAndUseNoTransform)
+{
+    PlaneSet<float> in(3, g_count);
+    PlaneSet<float> out(3, g_count);
+    in.fill(1);
+    convert<TypeParam>(eCGT_HSV, eCGT_HSV, {}, in, out);
+    for (std::size_t c = 0; c < 3; ++c)
+    {
+        EXPECT_EQ(std::memcmp(in[c].data(), out[c].data(), g_count * sizeof(float)), 0);
+    }
+}
+
+TYPED_TEST(ConvertIntegerPlanes, EqualGeometriesOfOtherTypesGoThroughTheCopyCast)
+{
+    PlaneSet<float> in(3, g_count);
+    PlaneSet<unsigned char> out(3, g_count);
+    in.fill(1);
+    in[0][0] = 255.9F;
+    in[1][0] = 300.0F;
+    in[2][0] = -1.5F;
+    convert<TypeParam>(eCGT_YCbCr, eCGT_YCbCr, {}, in, out);
+    EXPECT_EQ(+out[0][0], 255);
+    EXPECT_EQ(+out[1][0], 255);
+    EXPECT_EQ(+out[2][0], 0);
+    for (unsigned long i = 0; i < g_count; ++i)
+    {
+        EXPECT_EQ(+out[0][i], +(modelCopy<float, unsigned char>(TypeParam::g_form, in[0][i])));
+    }
+}
+
+TYPED_TEST(ConvertPlanes, ACopyCountsTheInputsChannelsAlone)
+{
+    PlaneSet<float> in(3, g_count);
+    PlaneSet<float> out(4, g_count);
+    in.fill(1);
+    out.fill(9);
+    const float untouched = out[3][0];
+    convert<TypeParam>(eCGT_Rgb, eCGT_Rgb, {}, in, out);
+    EXPECT_EQ(std::memcmp(in[2].data(), out[2].data(), g_count * sizeof(float)), 0);
+    EXPECT_TRUE(sameValue(out[3][0], untouched));
+}
+
+TYPED_TEST(ConvertPlanes, UserToUserNeverCopies)
+{
+    PlaneSet<float> in(3, g_count);
+    PlaneSet<float> out(3, g_count);
+    PlaneSet<float> expected(3, g_count);
+    in.fill(1);
+    const std::vector<float> matrix{0.0F, 0.0F, 2.0F, 1.0F, 0.0F, 3.0F, 0.0F, -1.0F, 4.0F, 0.0F, 0.5F, 0.25F};
+    convert<TypeParam>(eCGT_User, eCGT_User, matrix, in, out);
+    modelLinear<float, float>(TypeParam::g_form, 3, 3, matrix.data(), g_count, in.in(), expected.out());
+    expectSame(out, expected);
+}
+
+TYPED_TEST(ConvertPlanes, NoPixelsLeaveThePlanes)
+{
+    PlaneSet<float> in(3, g_count);
+    PlaneSet<float> out(3, g_count);
+    out.fill(5);
+    PlaneSet<float> before(3, g_count);
+    before.copyFrom(out);
+    convert<TypeParam>(eCGT_YCbCr, eCGT_HSV, {}, in, out, 0);
+    convert<TypeParam>(eCGT_YCbCr, eCGT_Rgb, {}, in, out, 0);
+    convert<TypeParam>(eCGT_Rgb, eCGT_Rgb, {}, in, out, 0);
+    expectSame(out, before);
+}
+
+TYPED_TEST(ConvertPlanes, LinearSpacesAreJoinedByThePlatformsMatrixNarrowedToFloat)
+{
+    for (eColorGeometryType from : {eCGT_Grey, eCGT_Rgb, eCGT_Rgba, eCGT_XYZ, eCGT_YPbPr, eCGT_YCbCr})
+    {
+        for (eColorGeometryType to : {eCGT_Grey, eCGT_Rgb, eCGT_Rgba, eCGT_XYZ, eCGT_YPbPr, eCGT_YCbCr})
+        {
+            if (from == to || isMissing(from, to))
+            {
+                continue;
+            }
+            SCOPED_TRACE(std::string(getColorGeometryTypeName(from)) + " to " + getColorGeometryTypeName(to));
+            PlaneSet<float> in(channelsOf(from), g_count);
+            PlaneSet<float> out(channelsOf(to), g_count);
+            PlaneSet<float> expected(channelsOf(to), g_count);
+            in.fill(1);
+            convert<TypeParam>(from, to, {}, in, out);
+            const std::vector<float> matrix = narrowed(from, to, eIBT_Real, eIBT_Real);
+            ASSERT_EQ(matrix.size(), channelsOf(to) * (channelsOf(from) + 1U));
+            modelLinear<float, float>(TypeParam::g_form, channelsOf(from), channelsOf(to), matrix.data(), g_count, in.in(), expected.out());
+            expectSame(out, expected);
+        }
+    }
+}
+
+// The offsets of YCbCr are those of each end's own element type.
+TYPED_TEST(ConvertIntegerPlanes, TheMatrixIsThatOfTheEndsElementTypes)
+{
+    PlaneSet<unsigned char> in(3, g_count);
+    PlaneSet<unsigned short> out(3, g_count);
+    PlaneSet<unsigned short> expected(3, g_count);
+    in.fill(1);
+    convert<TypeParam>(eCGT_Rgb, eCGT_YCbCr, {}, in, out);
+    const std::vector<float> matrix = narrowed(eCGT_Rgb, eCGT_YCbCr, eIBT_UInt8, eIBT_UInt16);
+    modelLinear<unsigned char, unsigned short>(TypeParam::g_form, 3, 3, matrix.data(), g_count, in.in(), expected.out());
+    expectSame(out, expected);
+}
+
+// Between the links nothing is rounded or limited: YCbCr of 255, 255, 255 lies outside the RGB of bytes.
+TYPED_TEST(ConvertIntegerPlanes, AChainOfThreeKeepsFloatsBetweenItsLinks)
+{
+    PlaneSet<unsigned char> in(3, g_count);
+    PlaneSet<unsigned short> out(3, g_count);
+    PlaneSet<unsigned short> expected(3, g_count);
+    PlaneSet<float> middle(3, g_count);
+    in.fill(1);
+    in[0][0] = in[1][0] = in[2][0] = 255;
+    convert<TypeParam>(eCGT_YCbCr, eCGT_HSV, {}, in, out);
+    const std::vector<float> matrix = narrowed(eCGT_YCbCr, eCGT_Rgb, eIBT_UInt8, eIBT_Real);
+    modelLinear<unsigned char, float>(TypeParam::g_form, 3, 3, matrix.data(), g_count, in.in(), middle.out());
+    storeHSV(TypeParam::g_form, middle, expected);
+    expectSame(out, expected);
+    EXPECT_GT(out[2][0], 255);
+}
+
+TYPED_TEST(ConvertPlanes, FromHSVToALinearSpaceEndsWithTheMatrix)
+{
+    PlaneSet<float> in(3, g_count);
+    PlaneSet<float> out(1, g_count);
+    PlaneSet<float> expected(1, g_count);
+    PlaneSet<float> middle(3, g_count);
+    in.fill(1);
+    convert<TypeParam>(eCGT_HSV, eCGT_Grey, {}, in, out);
+    for (unsigned long i = 0; i < g_count; ++i)
+    {
+        const ModelPixel rgb = modelRGBFromHSV(TypeParam::g_form, {in[0][i], in[1][i], in[2][i]});
+        for (std::size_t c = 0; c < 3; ++c)
+        {
+            middle[c][i] = rgb[c];
+        }
+    }
+    const std::vector<float> matrix = narrowed(eCGT_Rgb, eCGT_Grey, eIBT_Real, eIBT_Real);
+    modelLinear<float, float>(TypeParam::g_form, 3, 1, matrix.data(), g_count, middle.in(), expected.out());
+    expectSame(out, expected);
+}
+
+TYPED_TEST(ConvertPlanes, TheUserMatrixIsReadOnTheLinkAtTheUserEnd)
+{
+    PlaneSet<float> in(2, g_count);
+    PlaneSet<float> middle(3, g_count);
+    PlaneSet<float> out(3, g_count);
+    PlaneSet<float> expected(3, g_count);
+    in.fill(1);
+    // Longer than the first link needs, which is no error.
+    const std::vector<float> matrix{1.0F, 0.0F, 5.0F, 0.0F, 2.0F, 0.0F, 0.5F, 0.5F, 0.0F, 77.0F, 78.0F};
+    convert<TypeParam>(eCGT_User, eCGT_HSV, matrix, in, out);
+    modelLinear<float, float>(TypeParam::g_form, 2, 3, matrix.data(), g_count, in.in(), middle.out());
+    storeHSV(TypeParam::g_form, middle, expected);
+    expectSame(out, expected);
+}
+
+TYPED_TEST(ConvertPlanes, AShortUserMatrixEndsTheRunBeforeTheFirstLink)
+{
+    PlaneSet<float> in(3, g_count);
+    PlaneSet<float> out(2, g_count);
+    PlaneSet<float> before(2, g_count);
+    in.fill(1);
+    out.fill(5);
+    before.copyFrom(out);
+    for (eColorGeometryType from : {eCGT_HSV, eCGT_Rgb, eCGT_User})
+    {
+        try
+        {
+            convert<TypeParam>(from, eCGT_User, std::vector<float>(7, 1.0F), in, out);
+            FAIL() << "seven values were taken for eight";
+        }
+        catch (const KOVISIPLColorException& error)
+        {
+            EXPECT_STREQ(error.what(), "the conversion matrix holds 7 values, but 3 input channels and 2 output channels need 8: one row per "
+                                       "output channel, with a value per input channel and an offset");
+        }
+        expectSame(out, before);
+        EXPECT_NO_THROW(convert<TypeParam>(from, eCGT_User, std::vector<float>(8, 1.0F), in, out));
+        before.copyFrom(out);
+    }
+    EXPECT_THROW(convert<TypeParam>(eCGT_User, eCGT_Grey, {}, in, out), KOVISIPLColorException);
+}
+
+TYPED_TEST(ConvertPlanes, EveryPairRunsOrNamesTheKernelsThatItLacks)
+{
+    int nbRun = 0;
+    int nbRefused = 0;
+    for (int from = 0; from < 11; ++from)
+    {
+        for (int to = 0; to < 11; ++to)
+        {
+            const auto source = static_cast<eColorGeometryType>(from);
+            const auto target = static_cast<eColorGeometryType>(to);
+            SCOPED_TRACE(std::string(getColorGeometryTypeName(source)) + " to " + getColorGeometryTypeName(target));
+            PlaneSet<float> in(channelsOf(source), 64);
+            PlaneSet<float> out(channelsOf(target), 64);
+            const std::vector<float> matrix(16, 0.5F);
+            if (isMissing(source, target))
+            {
+                EXPECT_THROW(convert<TypeParam>(source, target, matrix, in, out, 64), KOVISIPLColorException);
+                ++nbRefused;
+            }
+            else
+            {
+                EXPECT_NO_THROW(convert<TypeParam>(source, target, matrix, in, out, 64));
+                ++nbRun;
+            }
+        }
+    }
+    EXPECT_EQ(nbRun + nbRefused, 121);
+    EXPECT_GT(nbRun, 0);
+}
+
+TYPED_TEST(ConvertPlanes, AMissingFamilyIsNamed)
+{
+    PlaneSet<float> in(3, g_count);
+    PlaneSet<float> out(3, g_count);
+    const auto messageOf = [&](eColorGeometryType from, eColorGeometryType to) -> std::string
+    {
+        try
+        {
+            convert<TypeParam>(from, to, {}, in, out);
+        }
+        catch (const KOVISIPLColorException& error)
+        {
+            return error.what();
+        }
+        return "no exception";
+    };
+    EXPECT_EQ(messageOf(eCGT_XYZ, eCGT_CieLab), "conversion from eCGT_XYZ to eCGT_CieLab needs the Lab kernels, which this version does not have");
+    EXPECT_EQ(messageOf(eCGT_CieLuv, eCGT_Rgb), "conversion from eCGT_CieLuv to eCGT_XYZ needs the Luv kernels, which this version does not have");
+    EXPECT_EQ(messageOf(eCGT_Rgb, eCGT_HLS), "conversion from eCGT_Rgb to eCGT_HLS needs the HLS kernels, which this version does not have");
+    EXPECT_EQ(messageOf(eCGT_Rgb, eCGT_XYZ), "conversion from eCGT_Rgb to eCGT_XYZ needs the sRGB kernels, which this version does not have");
+}
+
+// The middle link of a chain of four runs in place: row 1 reads row 0's result, row 2 those of both.
+TYPED_TEST(ConvertPlanes, ALinkOnEqualPlanesReadsBackWhatItWrote)
+{
+    PlaneSet<float> planes(3, g_count);
+    PlaneSet<float> expected(3, g_count);
+    PlaneSet<float> separate(3, g_count);
+    planes.fill(1);
+    expected.copyFrom(planes);
+    const std::vector<float> matrix = narrowed(eCGT_XYZ, eCGT_Rgb, eIBT_Real, eIBT_Real);
+    modelLinear<float, float>(TypeParam::g_form, 3, 3, matrix.data(), g_count, expected.in(), separate.out());
+    modelLinear<float, float>(TypeParam::g_form, 3, 3, matrix.data(), g_count, expected.in(), expected.out());
+    processConversion<TypeParam::g_first, TypeParam::g_second, float, float>(eCGT_XYZ, 3, eIBT_Real, eCGT_Rgb, 3, eIBT_Real, {}, g_count,
+                                                                             planes.in(), planes.out());
+    expectSame(planes, expected);
+    EXPECT_NE(std::memcmp(planes[1].data(), separate[1].data(), g_count * sizeof(float)), 0);
+}
+} // namespace kovis::test
