@@ -19,9 +19,9 @@ OWN = {
     "KOVISBaseProcessing": ["kovis::processor::"],
     "KOVISImageProcessing": ["kovis::imaproc::"],
     "KOVISIPLAttributes": ["kovis::imaproc::attr::"],
-    "KOVISIPLUtility": ["kovis::imaproc::util::"],
-    "KOVISIPLGlobalMeasure": ["kovis::imaproc::glbmsr::"],
-    "KOVISIPLColor": ["kovis::imaproc::color::", "TargetColorSpaceOutputInitializer"],
+    "KOVISIPLUtility": ["kovis::imaproc::util::", "kovis::MessageMapRegistrator<kovis::imaproc::util::"],
+    "KOVISIPLGlobalMeasure": ["kovis::imaproc::glbmsr::", "kovis::MessageMapRegistrator<kovis::imaproc::glbmsr::"],
+    "KOVISIPLColor": ["kovis::imaproc::color::", "TargetColorSpaceOutputInitializer", "kovis::MessageMapRegistrator<kovis::imaproc::color::"],
 }
 # Namespaces that have a library of their own: `kovis::` alone does not cover them.
 NAMESPACES = sorted({prefix for prefixes in OWN.values() for prefix in prefixes if prefix.startswith("kovis::")}, key=len)
@@ -49,6 +49,8 @@ def qualified_name(demangled):
 
 
 def belongs(name, prefixes):
+    # The entry of a library's own message table is an explicit specialisation of the platform's template for its own type.
+    name = name.removeprefix("kovis::MessageMapRegistrator<")
     fitting = [prefix for prefix in prefixes if name.startswith(prefix)]
     if not fitting:
         return False
