@@ -1,0 +1,21 @@
+#include <benchmark/benchmark.h>
+
+namespace kovis::bench
+{
+void registerImageBenchmarks();
+void registerKernelBenchmarks();
+} // namespace kovis::bench
+
+int main(int argc, char** argv)
+{
+    kovis::bench::registerImageBenchmarks();
+    kovis::bench::registerKernelBenchmarks();
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+    {
+        return 1;
+    }
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
