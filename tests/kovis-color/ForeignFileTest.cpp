@@ -5,8 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 #include <memory>
 #include <png.h>
 #include <tiffio.h>
@@ -230,15 +232,16 @@ TEST(ForeignTiff, kindsThatHaveNoElementTypeOrSpaceAreRefused)
         unsigned int photometric;
         const char* words;
     };
-    const Refusal refusals[] = {{1, 1, 1, 1, "has 1-bit integer samples, which no image type holds; save it with 8, 16 or 32-bit"},
-                                {4, 1, 1, 1, "has 4-bit integer samples"},
-                                {12, 1, 1, 1, "has 12-bit integer samples"},
-                                {64, 1, 1, 1, "has 64-bit integer samples"},
-                                {64, 1, 3, 1, "has 64-bit floating-point samples"},
-                                {16, 1, 3, 1, "has 16-bit floating-point samples"},
-                                {32, 1, 5, 1, "has 32-bit complex samples"},
-                                {8, 1, 1, 3, "holds colours by palette; save it as RGB"},
-                                {8, 1, 1, 4, "TIFF photometric 4"}};
+    const Refusal refusals[] = {
+        {1, 1, 1, 1, "has 1-bit integer samples, which no image type holds; save it with 8, 16 or 32-bit"},
+        {4, 1, 1, 1, "has 4-bit integer samples"},
+        {12, 1, 1, 1, "has 12-bit integer samples"},
+        {64, 1, 1, 1, "has 64-bit integer samples"},
+        {64, 1, 3, 1, "has 64-bit floating-point samples"},
+        {16, 1, 3, 1, "has 16-bit floating-point samples"},
+        {32, 1, 5, 1, "has 32-bit complex samples"},
+        {8, 1, 1, 3, "holds colours by palette; save it as RGB"},
+        {8, 1, 1, 4, "TIFF photometric 4"}};
     const TestFolder folder;
     for (const Refusal& refusal : refusals)
     {
@@ -286,14 +289,32 @@ TEST(ForeignTiff, pagesOfDifferentSizesAreRefused)
     EXPECT_NE(getErrorOf([&] { readPicture(path); }).find("has pages that differ in size"), std::string::npos);
 }
 
-TEST(ForeignTiff, jpegInsideIsReadAsRgb)
+TEST(ForeignTiff, compressedSamplesThatEndTooEarlyAreAnError)
 {
-    if (TIFFIsCODECConfigured(COMPRESSION_JPEG) == 0)
-        GTEST_SKIP() << "libtiff without JPEG";
     const TestFolder folder;
-    const std::string path = folder.getPath("a.tif");
+    for (const unsigned int compression : {5U, 8U, 32773U})
     {
-        const std::unique_ptr<TIFF, decltype(&TIFFClose)> tiff(TIFFOpen(path.c_str(), "w"), &TIFFClose);
+        TiffBytes tiff;
+        tiff.addLong(256, 64);
+        tiff.addLong(257, 4);
+        tiff.addShort(258, 8);
+        tiff.addShort(259, compression);
+        tiff.addShort(262, 1);
+        tiff.addLong(278, 4);
+        writeBytes(folder.getPath("a.tif"), tiff.build(Bytes(40, 0x35)));
+        const std::string error = getErrorOf([&] { readPicture(folder.getPath("a.tif")); });
+        EXPECT_NE(error.find("is cut short or damaged"), std::string::npos) << compression << ": " << error;
+    }
+}
+
+class ForeignJpegTiff : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (TIFFIsCODECConfigured(COMPRESSION_JPEG) == 0)
+            GTEST_SKIP() << "libtiff without JPEG";
+        const std::unique_ptr<TIFF, decltype(&TIFFClose)> tiff(TIFFOpen(m_path.c_str(), "w"), &TIFFClose);
         TIFFSetField(tiff.get(), TIFFTAG_IMAGEWIDTH, 32U);
         TIFFSetField(tiff.get(), TIFFTAG_IMAGELENGTH, 32U);
         TIFFSetField(tiff.get(), TIFFTAG_BITSPERSAMPLE, 8);
@@ -308,11 +329,33 @@ TEST(ForeignTiff, jpegInsideIsReadAsRgb)
         for (std::uint32_t y = 0; y < 32; ++y)
             ASSERT_EQ(TIFFWriteScanline(tiff.get(), row.data(), y, 0), 1);
     }
-    const Picture picture = readPicture(path);
+
+    const TestFolder m_folder;
+    const std::string m_path = m_folder.getPath("a.tif");
+};
+
+TEST_F(ForeignJpegTiff, isReadAsRgb)
+{
+    const Picture picture = readPicture(m_path);
     EXPECT_TRUE(picture.doubt.empty());
     EXPECT_NEAR(picture.getPlane<std::uint8_t>(0, 0)[500], 200, 4);
     EXPECT_NEAR(picture.getPlane<std::uint8_t>(0, 1)[500], 100, 4);
     EXPECT_NEAR(picture.getPlane<std::uint8_t>(0, 2)[500], 50, 4);
+}
+
+TEST_F(ForeignJpegTiff, thatEndsTooEarlyIsAnErrorAndNotAGreyStrip)
+{
+    // An end mark right behind the head of the first scan.
+    Bytes bytes = readBytes(m_path);
+    const unsigned char scan[] = {0xFF, 0xDA};
+    const auto place = std::search(bytes.begin(), bytes.end(), std::begin(scan), std::end(scan));
+    ASSERT_NE(place, bytes.end());
+    const auto data = place + 2 + 256 * place[2] + place[3];
+    data[0] = 0xFF;
+    data[1] = 0xD9;
+    writeBytes(m_path, bytes);
+    const std::string error = getErrorOf([&] { readPicture(m_path); });
+    EXPECT_NE(error.find("is cut short or damaged"), std::string::npos) << error;
 }
 
 TEST(ForeignPng, palettesAndFewBitsAreExpanded)

@@ -110,7 +110,8 @@ TEST(HostileFile, hugeClaimsAreRefusedWithoutTheMemory)
     TiffBytes tiff;
     tiff.addImage(0x7FFFFFFFU, 0x7FFFFFFFU, 8, 3, 1, 2);
     writeBytes(folder.getPath("a.tif"), tiff.build(Bytes(100)));
-    EXPECT_NE(readError(folder.getPath("a.tif")).find("is cut short or damaged"), std::string::npos) << readError(folder.getPath("a.tif"));
+    EXPECT_NE(readError(folder.getPath("a.tif")).find("is cut short or damaged"), std::string::npos)
+        << readError(folder.getPath("a.tif"));
     for (const unsigned int size : {0x10000U, 0x100000U})
     {
         TiffBytes large;
@@ -125,7 +126,8 @@ TEST(HostileFile, hugeClaimsAreRefusedWithoutTheMemory)
     setBigEndian(png, 20, 0x7FFFFFFFU);
     setBigEndian(png, 29, computeCrc(&png[12], 17));
     writeBytes(folder.getPath("a.png"), png);
-    EXPECT_NE(readError(folder.getPath("a.png")).find("claims more than its"), std::string::npos) << readError(folder.getPath("a.png"));
+    EXPECT_NE(readError(folder.getPath("a.png")).find("claims more than its"), std::string::npos)
+        << readError(folder.getPath("a.png"));
 
     Bytes jpeg = makeFile(folder, "a.jpg");
     const unsigned char frame[] = {0xFF, 0xC0};

@@ -39,9 +39,10 @@ TEST(ColourSpace, namesAreReadInAnyCase)
 
 TEST(ColourSpace, aTypoIsAnsweredWithTheNearestName)
 {
-    EXPECT_EQ(parseErrorOf("hvs"),
-              "--to: there is no colour space 'hvs'; did you mean 'hsv'? Spaces: grey, rgb, rgba, xyz, ypbpr, ycbcr, lab, luv, hls, "
-              "hsv, user");
+    EXPECT_EQ(
+        parseErrorOf("hvs"),
+        "--to: there is no colour space 'hvs'; did you mean 'hsv'? Spaces: grey, rgb, rgba, xyz, ypbpr, ycbcr, lab, luv, hls, "
+        "hsv, user");
     EXPECT_NE(parseErrorOf("YCrCb").find("did you mean 'ycbcr'?"), std::string::npos);
     EXPECT_NE(parseErrorOf("gery").find("did you mean 'grey'?"), std::string::npos);
     EXPECT_NE(parseErrorOf("xzy").find("did you mean 'xyz'?"), std::string::npos);
@@ -112,7 +113,8 @@ TEST(Numbers, theTruthAboutRangesAndSaturation)
               "u8 rounds to whole numbers and saturates at 0 and 255, hues beyond that are lost, S becomes a whole number");
     EXPECT_EQ(describeSaturation(image::eCGT_Rgb, image::eCGT_YPbPr, ElementType::eU16),
               "u16 rounds to whole numbers and saturates at 0 and 65535, negative Pb and Pr become 0");
-    EXPECT_NE(describeSaturation(image::eCGT_Grey, image::eCGT_Grey, ElementType::eI8).find("cuts fractions off"), std::string::npos);
+    EXPECT_NE(describeSaturation(image::eCGT_Grey, image::eCGT_Grey, ElementType::eI8).find("cuts fractions off"),
+              std::string::npos);
     EXPECT_NE(describeRange(image::eCGT_Rgb, image::eCGT_YCbCr, ElementType::eU16).find("32768"), std::string::npos);
     EXPECT_NE(describeRange(image::eCGT_Rgb, image::eCGT_XYZ, ElementType::eF32).find("scale 0 to 255"), std::string::npos);
     EXPECT_EQ(describeRange(image::eCGT_Rgba, image::eCGT_XYZ, ElementType::eF32).find("scale 0 to 255"), std::string::npos);
@@ -135,7 +137,8 @@ TEST(Conversion, spacesChannelsAndMatrixMustGoTogether)
     EXPECT_NE(check(image::eCGT_User, image::eCGT_HSV, 5, 0).find("--matrix: is missing"), std::string::npos);
     EXPECT_NE(check(image::eCGT_Rgb, image::eCGT_User, 3, 0).find("--matrix: is missing"), std::string::npos);
     EXPECT_EQ(check(image::eCGT_Rgb, image::eCGT_User, 3, 8), "no error");
-    EXPECT_NE(check(image::eCGT_Rgb, image::eCGT_User, 3, 9).find("has 9 numbers, which do not make whole rows of 4"), std::string::npos);
+    EXPECT_NE(check(image::eCGT_Rgb, image::eCGT_User, 3, 9).find("has 9 numbers, which do not make whole rows of 4"),
+              std::string::npos);
     EXPECT_EQ(check(image::eCGT_User, image::eCGT_HSV, 5, 18), "no error");
     EXPECT_EQ(check(image::eCGT_User, image::eCGT_Grey, 5, 6), "no error");
     EXPECT_NE(check(image::eCGT_User, image::eCGT_Rgba, 5, 18).find("give 4 rows of 6 numbers"), std::string::npos);
@@ -189,7 +192,8 @@ TEST(Conversion, sliceBySliceGivesWhatTheWholeGives)
     for (std::size_t plane = 0; plane < 9; ++plane)
         EXPECT_EQ(std::memcmp(one.planes[plane], two.planes[plane], one.shape.getPlaneBytes()), 0) << plane;
     // Hue is in the first plane of each slice, and the scattered samples have many.
-    EXPECT_GT(*std::max_element(static_cast<const float*>(two.planes[6]), static_cast<const float*>(two.planes[6]) + 67 * 41), 300.0F);
+    EXPECT_GT(*std::max_element(static_cast<const float*>(two.planes[6]), static_cast<const float*>(two.planes[6]) + 67 * 41),
+              300.0F);
 }
 
 TEST(Conversion, theTestOfTheRangeComesBeforeTheSlices)

@@ -74,7 +74,8 @@ TEST(OutputFile, refusesWhatIsNoPlainFile)
     EXPECT_EQ(getErrorOf([] { OutputFile file("/dev/null"); }), "/dev/null: is not a plain file; write to a plain file");
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
     const std::string error = getErrorOf([&] { OutputFile file(folder.getPath("missing/a.tif")); });
-    EXPECT_NE(error.find("cannot be written (No such file or directory); choose a folder that exists"), std::string::npos) << error;
+    EXPECT_NE(error.find("cannot be written (No such file or directory); choose a folder that exists"), std::string::npos)
+        << error;
 }
 
 TEST(OutputFile, followsASymbolicLink)

@@ -1,7 +1,7 @@
 // The built program, as a user calls it.
 
-#include "PictureFile.h"
 #include "kovis-color/Program.h"
+#include "PictureFile.h"
 #include "kovis-color/TestFiles.h"
 
 #include <gtest/gtest.h>
@@ -41,7 +41,8 @@ Picture makeRow(ElementType type, std::size_t channels, const std::vector<T>& sa
 }
 
 template <class T>
-void writeRow(const std::string& path, ElementType type, std::size_t channels, const std::vector<T>& samples, std::size_t pages = 1)
+void writeRow(const std::string& path, ElementType type, std::size_t channels, const std::vector<T>& samples,
+              std::size_t pages = 1)
 {
     writePicture(path, viewOf(makeRow(type, channels, samples, pages)));
 }
@@ -90,25 +91,26 @@ TEST_F(Program, helpHasExamplesForEveryVerb)
 
 TEST_F(Program, misuseEndsWithTwoAndOneLine)
 {
-    const std::vector<std::vector<std::string>> misuses = {{},
-                                                           {"paint"},
-                                                           {"convert"},
-                                                           {"convert", m_input, "--to", "hsv"},
-                                                           {"convert", m_input, "-o", m_output},
-                                                           {"convert", m_input, "-o", m_output, "--to", "hsv", "--frm", "rgb"},
-                                                           {"convert", m_input, "-o", m_output, "--to", "hvs"},
-                                                           {"convert", m_input, "-o", m_output, "--to", "hsv", "--from", "rbg"},
-                                                           {"convert", m_input, "-o", m_output, "--to", "hsv", "--from", "grey"},
-                                                           {"convert", m_input, "-o", m_output, "--to", "hsv", "--type", "u64"},
-                                                           {"convert", m_input, "-o", m_output, "--to", "hsv", "--isa", "sse3"},
-                                                           {"convert", m_input, "-o", m_output, "--to", "hsv", "--threads", "0"},
-                                                           {"convert", m_input, "-o", m_output, "--to", "hsv", "--threads", "x"},
-                                                           {"convert", m_input, "-o", m_output, "--to", "hsv", "--matrix", "1,2"},
-                                                           {"convert", m_input, "-o", m_output, "--to", "user"},
-                                                           {"convert", m_input, "-o", m_output, "--to", "user", "--matrix", "1,2,3"},
-                                                           {"convert", m_input, "-o", m_folder.getPath("a.gif"), "--to", "hsv"},
-                                                           {"info"},
-                                                           {"kernels", "more"}};
+    const std::vector<std::vector<std::string>> misuses = {
+        {},
+        {"paint"},
+        {"convert"},
+        {"convert", m_input, "--to", "hsv"},
+        {"convert", m_input, "-o", m_output},
+        {"convert", m_input, "-o", m_output, "--to", "hsv", "--frm", "rgb"},
+        {"convert", m_input, "-o", m_output, "--to", "hvs"},
+        {"convert", m_input, "-o", m_output, "--to", "hsv", "--from", "rbg"},
+        {"convert", m_input, "-o", m_output, "--to", "hsv", "--from", "grey"},
+        {"convert", m_input, "-o", m_output, "--to", "hsv", "--type", "u64"},
+        {"convert", m_input, "-o", m_output, "--to", "hsv", "--isa", "sse3"},
+        {"convert", m_input, "-o", m_output, "--to", "hsv", "--threads", "0"},
+        {"convert", m_input, "-o", m_output, "--to", "hsv", "--threads", "x"},
+        {"convert", m_input, "-o", m_output, "--to", "hsv", "--matrix", "1,2"},
+        {"convert", m_input, "-o", m_output, "--to", "user"},
+        {"convert", m_input, "-o", m_output, "--to", "user", "--matrix", "1,2,3"},
+        {"convert", m_input, "-o", m_folder.getPath("a.gif"), "--to", "hsv"},
+        {"info"},
+        {"kernels", "more"}};
     for (const std::vector<std::string>& arguments : misuses)
     {
         const ProgramRun run = runProgram(arguments);
@@ -254,7 +256,8 @@ TEST_F(Program, aFormatThatCannotHoldTheTypeTakesTheNearestWithAWarning)
     const std::string png = m_folder.getPath("out.png");
     ProgramRun run = runProgram({"convert", m_input, "-o", png, "--to", "hsv"});
     ASSERT_EQ(run.exitCode, 0) << run.err;
-    EXPECT_TRUE(contains(run.err, "warning: PNG cannot hold f32 samples, so they become u16; write a .tif to keep them\n")) << run.err;
+    EXPECT_TRUE(contains(run.err, "warning: PNG cannot hold f32 samples, so they become u16; write a .tif to keep them\n"))
+        << run.err;
     EXPECT_TRUE(contains(run.err, "S becomes a whole number")) << run.err;
     Picture picture = readPicture(png);
     ASSERT_EQ(picture.shape.type, ElementType::eU16);
@@ -295,7 +298,8 @@ TEST_F(Program, userMatricesLeadToAnyNumberOfChannelsAndBack)
     EXPECT_EQ(picture.getPlane<float>(0, 1)[1], -53.0F);
 
     const std::string back = m_folder.getPath("back.tif");
-    const ProgramRun run = runProgram({"convert", m_output, "-o", back, "--to", "rgb", "--type", "i16", "--matrix", "1,0,0 0,1,0 0,0,9"});
+    const ProgramRun run =
+        runProgram({"convert", m_output, "-o", back, "--to", "rgb", "--type", "i16", "--matrix", "1,0,0 0,1,0 0,0,9"});
     ASSERT_EQ(run.exitCode, 0) << run.err;
     picture = readPicture(back);
     ASSERT_EQ(picture.shape.channels, 3U);
@@ -357,7 +361,8 @@ TEST_F(Program, inksNeedASpace)
     writeBytes(m_input, inks.build({1, 2, 3, 4}));
     const ProgramRun run = convert({"--to", "rgb"});
     EXPECT_EQ(run.exitCode, 1);
-    EXPECT_TRUE(contains(run.err, "holds printing inks (CMYK or others); say by --from how its channels are to be read")) << run.err;
+    EXPECT_TRUE(contains(run.err, "holds printing inks (CMYK or others); say by --from how its channels are to be read"))
+        << run.err;
     EXPECT_EQ(convert({"--to", "rgb", "--from", "user", "--matrix", "-1,0,0,-1,255,0,-1,0,-1,255,0,0,-1,-1,255"}).exitCode, 0);
 }
 
@@ -387,7 +392,8 @@ TEST_F(Program, everyInstructionSetAndThreadCountGivesTheSamePicture)
         for (std::size_t plane = 0; plane < 3; ++plane)
         {
             for (std::size_t sample = 0; sample < 131 * 77; ++sample)
-                ASSERT_NEAR(picture.getPlane<std::uint8_t>(0, plane)[sample], best.getPlane<std::uint8_t>(0, plane)[sample], 1) << name;
+                ASSERT_NEAR(picture.getPlane<std::uint8_t>(0, plane)[sample], best.getPlane<std::uint8_t>(0, plane)[sample], 1)
+                    << name;
         }
     }
     for (const char* threads : {"1", "2", "5"})
@@ -414,7 +420,8 @@ TEST_F(Program, theVariableHidesSetsAndAnUnknownNameIsRefused)
     EXPECT_EQ(kernels["rows"]["ColorConvertImgLvl3"]["avx2"], 0);
     const ProgramRun run = runProgram({"kernels"}, "KOVIS_MAX_INSTRUCTION_SET=ssse9");
     EXPECT_EQ(run.exitCode, 2);
-    EXPECT_TRUE(contains(run.err, "KOVIS_MAX_INSTRUCTION_SET: 'ssse9' is no instruction set; set it to one of generic, sse2")) << run.err;
+    EXPECT_TRUE(contains(run.err, "KOVIS_MAX_INSTRUCTION_SET: 'ssse9' is no instruction set; set it to one of generic, sse2"))
+        << run.err;
     EXPECT_EQ(convert({"--to", "hsv"}, "KOVIS_MAX_INSTRUCTION_SET=generic").exitCode, 0);
 }
 
@@ -429,8 +436,8 @@ TEST_F(Program, kernelsTellsTheRowsOfEachClass)
     EXPECT_EQ(rows["sse2"], 121);
     const int nbAvx = kernels["available"]["avx"].get<bool>() ? 1 : 0;
     EXPECT_EQ(rows["avx"], nbAvx);
-    EXPECT_EQ(rows["all"], rows["generic"].get<int>() + rows["sse2"].get<int>() + rows["avx"].get<int>() + rows["avx2"].get<int>() +
-                               rows["fma3"].get<int>());
+    EXPECT_EQ(rows["all"], rows["generic"].get<int>() + rows["sse2"].get<int>() + rows["avx"].get<int>() +
+                               rows["avx2"].get<int>() + rows["fma3"].get<int>());
     EXPECT_TRUE(contains(runProgram({"kernels"}).out, "ColorConvertImgLvl3: "));
 }
 

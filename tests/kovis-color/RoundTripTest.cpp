@@ -38,7 +38,8 @@ TEST(RoundTrip, tiffKeepsEveryTypeChannelCountAndPageCount)
                 const Picture picture = makePicture(makeShape(13, 7, pages, channels, type));
                 writePicture(path, viewOf(picture));
                 const Picture read = readPicture(path);
-                EXPECT_TRUE(isSame(picture, read)) << getElementName(type) << ", " << channels << " channels, " << pages << " pages";
+                EXPECT_TRUE(isSame(picture, read))
+                    << getElementName(type) << ", " << channels << " channels, " << pages << " pages";
                 EXPECT_EQ(read.format, "TIFF");
             }
         }
@@ -94,7 +95,8 @@ TEST(RoundTrip, jpegComesBackNearly)
         for (std::size_t channel = 0; channel < channels; ++channel)
         {
             for (std::size_t sample = 0; sample < 37 * 21; ++sample)
-                ASSERT_NEAR(read.getPlane<std::uint8_t>(0, channel)[sample], picture.getPlane<std::uint8_t>(0, channel)[sample], 8);
+                ASSERT_NEAR(read.getPlane<std::uint8_t>(0, channel)[sample], picture.getPlane<std::uint8_t>(0, channel)[sample],
+                            8);
         }
     }
 }
@@ -122,12 +124,12 @@ TEST(RoundTrip, theDescriptionAndOpacityAreKept)
 TEST(RoundTrip, aFormatRefusesWhatItCannotHold)
 {
     const TestFolder folder;
-    const auto write = [&folder](const char* name, std::size_t pages, std::size_t channels, ElementType type)
-    {
-        return getErrorOf(
-            [&] { writePicture(folder.getPath(name), viewOf(makePicture(makeShape(4, 4, pages, channels, type)))); });
+    const auto write = [&folder](const char* name, std::size_t pages, std::size_t channels, ElementType type) {
+        return getErrorOf([&]
+                          { writePicture(folder.getPath(name), viewOf(makePicture(makeShape(4, 4, pages, channels, type)))); });
     };
-    EXPECT_NE(write("a.png", 1, 3, ElementType::eF32).find("PNG cannot hold samples of type f32; write a .tif"), std::string::npos);
+    EXPECT_NE(write("a.png", 1, 3, ElementType::eF32).find("PNG cannot hold samples of type f32; write a .tif"),
+              std::string::npos);
     EXPECT_NE(write("a.jpg", 1, 3, ElementType::eU16).find("JPEG cannot hold samples of type u16"), std::string::npos);
     EXPECT_NE(write("a.jpg", 1, 4, ElementType::eU8).find("JPEG cannot hold 4 channel(s)"), std::string::npos);
     EXPECT_NE(write("a.png", 1, 5, ElementType::eU8).find("PNG cannot hold 5 channel(s)"), std::string::npos);

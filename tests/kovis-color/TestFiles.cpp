@@ -17,7 +17,10 @@ namespace fs = std::filesystem;
 
 TestFolder::TestFolder()
 {
-    std::string pattern = (fs::temp_directory_path() / "kovis-color-test-XXXXXX").string();
+    // In memory where there is such a place: thousands of small files are written over and over.
+    const fs::path memory("/dev/shm");
+    const bool bMemory = ::access(memory.c_str(), W_OK | X_OK) == 0;
+    std::string pattern = ((bMemory ? memory : fs::temp_directory_path()) / "kovis-color-test-XXXXXX").string();
     if (::mkdtemp(pattern.data()) == nullptr)
         throw std::runtime_error("no folder for the test");
     m_path = pattern;

@@ -70,7 +70,8 @@ const char* getSpaceName(image::eColorGeometryType space)
 std::string findNearest(const std::string& word, const char* const* names, std::size_t nbNames)
 {
     const std::string lower = toLower(word).substr(0, 64);
-    return *std::min_element(names, names + nbNames, [&lower](const char* left, const char* right)
+    return *std::min_element(names, names + nbNames,
+                             [&lower](const char* left, const char* right)
                              { return weighEdits(lower, left) < weighEdits(lower, right); });
 }
 

@@ -35,7 +35,8 @@ TransformPtr makeTransform(const Conversion& conversion)
     return transform;
 }
 
-/// Waits for a background run and rethrows what it failed with. The run stands for the part of the progress from `begin` to `end`.
+/// Waits for a background run and rethrows what it failed with. The run stands for the part of the progress from `begin` to
+/// `end`.
 void follow(const core::BaseAction& action, const ProgressListener& listener, double begin, double end)
 {
     while (!action.waitFor(g_listeningInterval) && action.getState() == core::eActionState::running)
@@ -87,8 +88,9 @@ void checkMatrix(const Conversion& conversion, std::size_t inputChannels)
     if (!usesMatrix(conversion))
     {
         if (nbNumbers != 0)
-            throw ToolError("--matrix", "is of no use from " + std::string(getSpaceName(conversion.from)) + " to " +
-                                            getSpaceName(conversion.to),
+            throw ToolError("--matrix",
+                            "is of no use from " + std::string(getSpaceName(conversion.from)) + " to " +
+                                getSpaceName(conversion.to),
                             "use it with --to user or --from user", eMisused);
         return;
     }
@@ -98,15 +100,16 @@ void checkMatrix(const Conversion& conversion, std::size_t inputChannels)
     if (conversion.to == image::eCGT_User)
     {
         if (nbNumbers % (inputChannels + 1) != 0)
-            throw ToolError("--matrix", "has " + std::to_string(nbNumbers) + " numbers, which do not make whole rows of " + columns,
+            throw ToolError("--matrix",
+                            "has " + std::to_string(nbNumbers) + " numbers, which do not make whole rows of " + columns,
                             "give each row a factor for each channel of the input and then an offset", eMisused);
         return;
     }
     const std::size_t rows = getFirstLinkChannels(conversion.to);
     if (nbNumbers != rows * (inputChannels + 1))
         throw ToolError("--matrix", "has " + std::to_string(nbNumbers) + " numbers",
-                        "give " + std::to_string(rows) + " rows of " + columns + " numbers to lead " + std::to_string(inputChannels) +
-                            " channel(s) to " + getSpaceName(conversion.to),
+                        "give " + std::to_string(rows) + " rows of " + columns + " numbers to lead " +
+                            std::to_string(inputChannels) + " channel(s) to " + getSpaceName(conversion.to),
                         eMisused);
 }
 } // namespace
@@ -133,8 +136,8 @@ bool isLeftEmptyByTheLibrary(const Conversion& conversion, ElementType inputType
            (conversion.to == image::eCGT_CieLab || conversion.to == image::eCGT_XYZ);
 }
 
-boost::shared_ptr<BaseImage> convertSlices(const boost::shared_ptr<Picture>& picture, const Conversion& conversion, bool bRangeTest,
-                                           const ProgressListener& listener)
+boost::shared_ptr<BaseImage> convertSlices(const boost::shared_ptr<Picture>& picture, const Conversion& conversion,
+                                           bool bRangeTest, const ProgressListener& listener)
 {
     using imaproc::color::ColorConvertImgLvl2;
     if (bRangeTest)
@@ -167,10 +170,10 @@ boost::shared_ptr<BaseImage> convertPicture(const boost::shared_ptr<Picture>& pi
         return convertSlices(picture, conversion, true, listener);
     const boost::shared_ptr<const BaseImage> input = wrapPicture(picture, conversion.from);
     const TransformPtr transform = makeTransform(conversion);
-    const auto processor =
-        conversion.resultType
-            ? imaproc::color::colorConvertImg_async(input, transform, makeResult(picture->shape, conversion, *conversion.resultType))
-            : imaproc::color::colorConvertImg_async(input, transform);
+    const auto processor = conversion.resultType
+                               ? imaproc::color::colorConvertImg_async(
+                                     input, transform, makeResult(picture->shape, conversion, *conversion.resultType))
+                               : imaproc::color::colorConvertImg_async(input, transform);
     follow(*processor, listener, 0.0, 1.0);
     return imaproc::color::getAsyncProcessorOutput(processor);
 }

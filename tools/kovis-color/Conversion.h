@@ -36,8 +36,8 @@ void checkConversion(const std::string& subject, const Conversion& conversion, s
 bool isLeftEmptyByTheLibrary(const Conversion& conversion, ElementType inputType);
 
 /// Converts slice by slice with the library's two-dimensional processor, after the test of the range where `bRangeTest` says so.
-boost::shared_ptr<image::BaseImage> convertSlices(const boost::shared_ptr<Picture>& picture, const Conversion& conversion, bool bRangeTest,
-                                                  const ProgressListener& listener);
+boost::shared_ptr<image::BaseImage> convertSlices(const boost::shared_ptr<Picture>& picture, const Conversion& conversion,
+                                                  bool bRangeTest, const ProgressListener& listener);
 
 /// Converts. What the library refuses comes out as its own exception. The picture is kept alive by the call alone.
 boost::shared_ptr<image::BaseImage> convertPicture(const boost::shared_ptr<Picture>& picture, const Conversion& conversion,

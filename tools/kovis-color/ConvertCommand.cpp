@@ -46,7 +46,9 @@ private:
 class ConvertRun
 {
 public:
-    ConvertRun(const ConvertOptions& options, std::ostream& out, std::ostream& err) : m_options(options), m_out(out), m_err(err) {}
+    ConvertRun(const ConvertOptions& options, std::ostream& out, std::ostream& err) : m_options(options), m_out(out), m_err(err)
+    {
+    }
 
     void run();
 
@@ -115,7 +117,8 @@ void ConvertRun::chooseSource(const Picture& picture)
 
 void ConvertRun::chooseType(const PictureShape& shape)
 {
-    const ElementType chosen = m_options.type.empty() ? getLibraryType(m_conversion.from, m_conversion.to, shape.type) : m_resultType;
+    const ElementType chosen =
+        m_options.type.empty() ? getLibraryType(m_conversion.from, m_conversion.to, shape.type) : m_resultType;
     m_resultType = getNearestType(m_format, chosen, m_conversion.to, shape.type);
     if (m_resultType != chosen)
         warn(m_options.output, "warning: " + std::string(getFormatName(m_format)) + " cannot hold " + getElementName(chosen) +
@@ -130,14 +133,18 @@ void ConvertRun::report(const Picture& picture, const PictureShape& result)
     const std::string saturation = describeSaturation(m_conversion.from, m_conversion.to, result.type);
     if (!m_options.bJson)
     {
-        m_err << "kovis-color: " << toOneLine(m_options.output) << ": " << getSpaceName(m_conversion.to) << " " << getElementName(result.type)
-              << ": " << range << (saturation.empty() ? "" : "; ") << saturation << "\n";
+        m_err << "kovis-color: " << toOneLine(m_options.output) << ": " << getSpaceName(m_conversion.to) << " "
+              << getElementName(result.type) << ": " << range << (saturation.empty() ? "" : "; ") << saturation << "\n";
         return;
     }
     const auto describe = [](const std::string& file, const PictureShape& shape, image::eColorGeometryType space)
     {
-        return nlohmann::json{{"file", file},         {"sizeX", shape.sizeX},       {"sizeY", shape.sizeY},
-                              {"pages", shape.pages}, {"channels", shape.channels}, {"type", getElementName(shape.type)},
+        return nlohmann::json{{"file", file},
+                              {"sizeX", shape.sizeX},
+                              {"sizeY", shape.sizeY},
+                              {"pages", shape.pages},
+                              {"channels", shape.channels},
+                              {"type", getElementName(shape.type)},
                               {"space", getSpaceName(space)}};
     };
     nlohmann::json answer;

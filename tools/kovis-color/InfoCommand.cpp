@@ -101,8 +101,9 @@ void printJson(const InfoOptions& options, const Picture& picture, image::eColor
 void printText(const InfoOptions& options, const Picture& picture, image::eColorGeometryType space, std::ostream& out)
 {
     const PictureShape& shape = picture.shape;
-    out << toOneLine(options.file) << ": " << picture.format << ", " << shape.sizeX << " x " << shape.sizeY << ", " << shape.channels
-        << " channel(s), " << getElementName(shape.type) << ", " << shape.pages << " page(s), read as " << getSpaceName(space) << "\n";
+    out << toOneLine(options.file) << ": " << picture.format << ", " << shape.sizeX << " x " << shape.sizeY << ", "
+        << shape.channels << " channel(s), " << getElementName(shape.type) << ", " << shape.pages << " page(s), read as "
+        << getSpaceName(space) << "\n";
     if (!picture.description.empty())
         out << "  description: " << picture.description << "\n";
     if (!picture.doubt.empty())

@@ -70,8 +70,8 @@ void InputFile::checkClaim(const PictureShape& shape, std::uint64_t maxExpansion
                         "the file is cut short or damaged, get it anew");
     if (!bFits || bytes > m_limits.maxBytes)
         throw ToolError(m_path,
-                        "asks for more memory than allowed (" + claim + ", limit " +
-                            std::to_string(m_limits.maxBytes >> 20) + " MiB)",
+                        "asks for more memory than allowed (" + claim + ", limit " + std::to_string(m_limits.maxBytes >> 20) +
+                            " MiB)",
                         "raise the limit with --max-memory or cut the picture into parts");
 }
 

@@ -206,8 +206,7 @@ Picture readJpeg(const InputFile& file)
     if (stored == JCS_CMYK || stored == JCS_YCCK)
         throw ToolError(file.getPath(), "is a CMYK JPEG", "save it as RGB");
     if (stored != JCS_GRAYSCALE && stored != JCS_YCbCr && stored != JCS_RGB)
-        throw ToolError(file.getPath(),
-                        "has " + std::to_string(decoder.jpeg.num_components) + " channel(s) of an unknown kind",
+        throw ToolError(file.getPath(), "has " + std::to_string(decoder.jpeg.num_components) + " channel(s) of an unknown kind",
                         "save it as a grey or RGB JPEG");
 
     Picture picture;

@@ -18,7 +18,8 @@ image::HomogeneousImageGeometry makeGeometry(const PictureShape& shape, image::e
     else
         colours.init(space);
     image::HomogeneousImageGeometry geometry;
-    geometry.init(image::VolumeGeometry(shape.pages), colours, image::TemporalGeometry(), shape.sizeX, shape.sizeY, toBufferType(type));
+    geometry.init(image::VolumeGeometry(shape.pages), colours, image::TemporalGeometry(), shape.sizeX, shape.sizeY,
+                  toBufferType(type));
     return geometry;
 }
 
@@ -75,8 +76,8 @@ image::eImageBufferType toBufferType(ElementType type)
 
 ElementType toElementType(image::eImageBufferType type)
 {
-    for (const ElementType candidate : {ElementType::eI8, ElementType::eU8, ElementType::eI16, ElementType::eU16, ElementType::eI32,
-                                        ElementType::eU32})
+    for (const ElementType candidate :
+         {ElementType::eI8, ElementType::eU8, ElementType::eI16, ElementType::eU16, ElementType::eI32, ElementType::eU32})
     {
         if (toBufferType(candidate) == type)
             return candidate;

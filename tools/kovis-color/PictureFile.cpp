@@ -79,7 +79,8 @@ FileFormat getOutputFormat(const std::string& path)
         return FileFormat::ePng;
     if (extension == ".jpg" || extension == ".jpeg")
         return FileFormat::eJpeg;
-    throw ToolError(path, extension.empty() ? "has no extension that tells the format" : "has an extension that names no known format",
+    throw ToolError(path,
+                    extension.empty() ? "has no extension that tells the format" : "has an extension that names no known format",
                     g_outputAdvice, eMisused);
 }
 
@@ -117,8 +118,7 @@ void writePicture(const std::string& path, const PictureView& picture)
     checkCanHold(path, format, picture.shape.channels, picture.shape.pages);
     if (!canHoldType(format, picture.shape.type))
         throw ToolError(path,
-                        std::string(getFormatName(format)) + " cannot hold samples of type " +
-                            getElementName(picture.shape.type),
+                        std::string(getFormatName(format)) + " cannot hold samples of type " + getElementName(picture.shape.type),
                         "write a .tif or choose another --type");
     OutputFile file(path);
     switch (format)

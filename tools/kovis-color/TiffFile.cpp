@@ -155,8 +155,7 @@ void TiffReader::checkCoding(const PageLayout& layout) const
 void TiffReader::checkBlocks(const PageLayout& layout) const
 {
     const std::uint64_t channels = layout.planar == PLANARCONFIG_CONTIG ? layout.shape.channels : 1;
-    const std::uint64_t expected =
-        std::uint64_t{layout.blockX} * layout.blockY * channels * getElementSize(layout.shape.type);
+    const std::uint64_t expected = std::uint64_t{layout.blockX} * layout.blockY * channels * getElementSize(layout.shape.type);
     const std::uint64_t given = layout.bTiled ? TIFFTileSize64(m_tiff.get()) : TIFFVStripSize64(m_tiff.get(), layout.blockY);
     if (given != expected)
         throw m_file.makeDamageError(m_messages.getText());

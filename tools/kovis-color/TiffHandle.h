@@ -10,8 +10,8 @@ namespace kovis::tool
 /// What the TIFF library had to say. It says it here and nowhere else.
 struct TiffMessages
 {
-    std::string error;   ///< the first error
-    std::string damage;  ///< the first warning that means a damaged file
+    std::string error;  ///< the first error
+    std::string damage; ///< the first warning that means a damaged file
 
     void clear();
     const std::string& getText() const { return error.empty() ? damage : error; }

@@ -68,7 +68,8 @@ void TiffWriter::setFields(std::size_t page, std::size_t rowsPerStrip)
     set(TIFFTAG_SAMPLESPERPIXEL, static_cast<int>(shape.channels));
     set(TIFFTAG_BITSPERSAMPLE, static_cast<int>(8 * getElementSize(shape.type)));
     const bool bSigned = shape.type == ElementType::eI8 || shape.type == ElementType::eI16 || shape.type == ElementType::eI32;
-    const int sampleFormat = shape.type == ElementType::eF32 ? SAMPLEFORMAT_IEEEFP : (bSigned ? SAMPLEFORMAT_INT : SAMPLEFORMAT_UINT);
+    const int sampleFormat =
+        shape.type == ElementType::eF32 ? SAMPLEFORMAT_IEEEFP : (bSigned ? SAMPLEFORMAT_INT : SAMPLEFORMAT_UINT);
     set(TIFFTAG_SAMPLEFORMAT, sampleFormat);
     set(TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
     set(TIFFTAG_COMPRESSION, COMPRESSION_NONE);

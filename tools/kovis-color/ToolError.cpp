@@ -15,8 +15,7 @@ std::string compose(const std::string& subject, const std::string& whatIsWrong, 
 }
 } // namespace
 
-ToolError::ToolError(const std::string& subject, const std::string& whatIsWrong, const std::string& whatToDo,
-                     ExitCode exitCode)
+ToolError::ToolError(const std::string& subject, const std::string& whatIsWrong, const std::string& whatToDo, ExitCode exitCode)
     : std::runtime_error(compose(subject, whatIsWrong, whatToDo)), m_exitCode(exitCode)
 {
 }
