@@ -104,10 +104,12 @@ TEST(ActionRun, EndsInTheBackground)
 {
     Gate gate;
     std::thread::id runThread;
-    const TestActionPtr action = makeAction([&](TestAction&) {
-        runThread = std::this_thread::get_id();
-        return BoolResult(gate.wait());
-    });
+    const TestActionPtr action = makeAction(
+        [&](TestAction&)
+        {
+            runThread = std::this_thread::get_id();
+            return BoolResult(gate.wait());
+        });
     EXPECT_TRUE(action->run(core::eST_Asynchronous).getResult());
     EXPECT_EQ(eActionState::running, action->getState());
     const BoolResult early = action->waitFor(std::chrono::milliseconds(1));
@@ -130,10 +132,12 @@ TEST(ActionRun, EndsInTheBackgroundOnOneThread)
     std::vector<TestActionPtr> actions;
     for (int i = 0; i < 5; ++i)
     {
-        actions.push_back(makeAction(makeTree({3, 3}, [&](TestAction&) {
-            ++nbLeaves;
-            return BoolResult(true);
-        })));
+        actions.push_back(makeAction(makeTree({3, 3},
+                                              [&](TestAction&)
+                                              {
+                                                  ++nbLeaves;
+                                                  return BoolResult(true);
+                                              })));
         EXPECT_TRUE(actions.back()->run(core::eST_Asynchronous).getResult());
     }
     for (const TestActionPtr& action : actions)
@@ -156,10 +160,12 @@ TEST(ActionRun, BackgroundRunKeepsItsActionAlive)
 {
     Gate begun;
     Gate gate;
-    TestActionPtr action = makeAction([&](TestAction&) {
-        begun.open();
-        return BoolResult(gate.wait());
-    });
+    TestActionPtr action = makeAction(
+        [&](TestAction&)
+        {
+            begun.open();
+            return BoolResult(gate.wait());
+        });
     const boost::weak_ptr<TestAction> watch = action;
     EXPECT_TRUE(action->run(core::eST_Asynchronous).getResult());
     action.reset();
@@ -253,10 +259,12 @@ TEST(ActionRun, WaitingForNothingSaysSo)
 TEST(ActionRun, WaitingInsideItsOwnRunIsRefused)
 {
     std::string message;
-    const TestActionPtr action = makeAction([&](TestAction& self) {
-        message = self.wait().getMessage();
-        return BoolResult(true);
-    });
+    const TestActionPtr action = makeAction(
+        [&](TestAction& self)
+        {
+            message = self.wait().getMessage();
+            return BoolResult(true);
+        });
     core::executeAction(action);
     EXPECT_THAT(message, HasSubstr("cannot be waited for from inside its own run"));
 }
@@ -264,10 +272,12 @@ TEST(ActionRun, WaitingInsideItsOwnRunIsRefused)
 TEST(ActionRun, ItsPartInARunIsThereOnlyInside)
 {
     double share = 0.0;
-    const TestActionPtr action = makeAction([&](TestAction& self) {
-        share = self.getProgressShare();
-        return BoolResult(true);
-    });
+    const TestActionPtr action = makeAction(
+        [&](TestAction& self)
+        {
+            share = self.getProgressShare();
+            return BoolResult(true);
+        });
     EXPECT_THROW(action->getRunContext(), core::KOVISCoreException);
     EXPECT_THROW(action->getProgressShare(), core::KOVISCoreException);
     core::executeAction(action);
@@ -287,12 +297,15 @@ TEST(ActionRun, CancellationOfAnActionThatRuns)
 {
     Gate begun;
     Gate gate;
-    const TestActionPtr action = makeAction([&](TestAction& self) {
-        begun.open();
-        const bool bOpened = gate.wait();
-        return BoolResult(bOpened && core::detail::isStopping(self.getRunContext()), "not told");
-    });
-    action->m_onCancel = [&] {
+    const TestActionPtr action = makeAction(
+        [&](TestAction& self)
+        {
+            begun.open();
+            const bool bOpened = gate.wait();
+            return BoolResult(bOpened && core::detail::isStopping(self.getRunContext()), "not told");
+        });
+    action->m_onCancel = [&]
+    {
         EXPECT_EQ(eActionState::running, action->getState());
         gate.open();
     };
@@ -315,13 +328,15 @@ TEST(ActionRun, CancellationOfAnActionThatRuns)
 TEST(ActionRun, CancelledActionRunsAgain)
 {
     bool bCancel = true;
-    const TestActionPtr action = makeAction([&](TestAction& self) {
-        if (bCancel)
+    const TestActionPtr action = makeAction(
+        [&](TestAction& self)
         {
-            self.requestCancellation();
-        }
-        return BoolResult(true);
-    });
+            if (bCancel)
+            {
+                self.requestCancellation();
+            }
+            return BoolResult(true);
+        });
     try
     {
         core::executeAction(action);

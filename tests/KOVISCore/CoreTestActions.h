@@ -132,10 +132,13 @@ inline TestActionPtr makeAction(TestAction::Work work = {})
 class ListProvider : public core::BaseActionProvider
 {
 public:
-    explicit ListProvider(std::vector<TestActionPtr> actions) : m_actions(std::move(actions)) { m_nbPendingActions = m_actions.size(); }
+    explicit ListProvider(std::vector<TestActionPtr> actions) : m_actions(std::move(actions))
+    {
+        m_nbPendingActions = m_actions.size();
+    }
 
-    BoolResult queryNextAction(const core::BaseRequestOrigin& origin, boost::shared_ptr<core::BaseActionRequest>& request, bool& bGiven,
-                               boost::shared_ptr<BaseSerializationObject>&) override
+    BoolResult queryNextAction(const core::BaseRequestOrigin& origin, boost::shared_ptr<core::BaseActionRequest>& request,
+                               bool& bGiven, boost::shared_ptr<BaseSerializationObject>&) override
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_greatestWorker = std::max(m_greatestWorker, origin.getWorker());
@@ -159,8 +162,8 @@ public:
         return BoolResult(true);
     }
     bool hasPendingAction() const override { return getNbPendingActions() > 0 && !isCancellationRequested(); }
-    BoolResult notifyDerived(const boost::shared_ptr<core::BaseActionRequest>&, const boost::shared_ptr<const BaseSerializationObject>&,
-                             bool& bFinished) override
+    BoolResult notifyDerived(const boost::shared_ptr<core::BaseActionRequest>&,
+                             const boost::shared_ptr<const BaseSerializationObject>&, bool& bFinished) override
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         ++m_nbNotified;
@@ -209,7 +212,8 @@ inline boost::shared_ptr<ListProvider> makeProvider(std::size_t nbActions, const
 /// An action that runs a provider of `nbActions` actions, all with that work.
 inline TestActionPtr makeNested(std::size_t nbActions, const TestAction::Work& work)
 {
-    return makeAction([nbActions, work](TestAction& action) { return BoolResult(action.runNested(makeProvider(nbActions, work))); });
+    return makeAction([nbActions, work](TestAction& action)
+                      { return BoolResult(action.runNested(makeProvider(nbActions, work))); });
 }
 
 /// The work of an action above leaves: a tree with `nbPieces[0]` pieces, each of `nbPieces[1]` pieces, and so on.
@@ -218,9 +222,8 @@ inline TestAction::Work makeTree(const std::vector<std::size_t>& nbPieces, const
     TestAction::Work work = leaf;
     for (std::size_t level = nbPieces.size(); level > 0; --level)
     {
-        work = [count = nbPieces[level - 1], below = work](TestAction& action) {
-            return BoolResult(action.runNested(makeProvider(count, below)));
-        };
+        work = [count = nbPieces[level - 1], below = work](TestAction& action)
+        { return BoolResult(action.runNested(makeProvider(count, below))); };
     }
     return work;
 }

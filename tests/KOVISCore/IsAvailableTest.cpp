@@ -1,8 +1,8 @@
-// Instruction sets and what KOVIS_MAX_INSTRUCTION_SET hides. The variable is read once, so each value needs a process of its own: this
-// program again, which answers from a static initialiser.
+// Instruction sets and what KOVIS_MAX_INSTRUCTION_SET hides. The variable is read once, so each value needs a process of its own:
+// this program again, which answers from a static initialiser.
+#include "KOVIS/KOVISCore/isAvailable.h"
 #include "KOVIS/KOVISCore/ComputerInfoPool.h"
 #include "KOVIS/KOVISCore/KOVISCoreLog.h"
-#include "KOVIS/KOVISCore/isAvailable.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -36,7 +36,8 @@ std::string getAnswer()
     return answer;
 }
 
-const bool g_bAnswered = [] {
+const bool g_bAnswered = []
+{
     const char* const question = std::getenv("KOVIS_TEST_QUESTION");
     if (question == nullptr)
     {
@@ -60,7 +61,8 @@ std::string ask(const char* value, const char* question = "sets")
     std::string self(4096, '\0');
     const ssize_t length = readlink("/proc/self/exe", self.data(), self.size());
     self.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
-    const std::string setting = value == nullptr ? "-u KOVIS_MAX_INSTRUCTION_SET" : "KOVIS_MAX_INSTRUCTION_SET='" + std::string(value) + "'";
+    const std::string setting =
+        value == nullptr ? "-u KOVIS_MAX_INSTRUCTION_SET" : "KOVIS_MAX_INSTRUCTION_SET='" + std::string(value) + "'";
     const std::string command = "env " + setting + " KOVIS_TEST_QUESTION=" + question + " '" + self + "' 2>&1";
     FILE* const pipe = popen(command.c_str(), "r");
     std::string said;
@@ -83,7 +85,8 @@ std::string getProcessor()
     const bool bAvx = __builtin_cpu_supports("avx") != 0;
     const bool bAvx512 = __builtin_cpu_supports("avx512f") != 0 && __builtin_cpu_supports("avx512bw") != 0 &&
                          __builtin_cpu_supports("avx512dq") != 0 && __builtin_cpu_supports("avx512vl") != 0;
-    const std::array<bool, 6> has = {true, true, bAvx, __builtin_cpu_supports("avx2") != 0, bAvx && __builtin_cpu_supports("fma") != 0, bAvx512};
+    const std::array<bool, 6> has = {
+        true, true, bAvx, __builtin_cpu_supports("avx2") != 0, bAvx && __builtin_cpu_supports("fma") != 0, bAvx512};
     std::string answer;
     for (const bool bHas : has)
     {
@@ -176,7 +179,8 @@ TEST(CoreMessages, StandInTheManager)
     const LogMessageManager& manager = core::getKOVISCoreLogMessageManager();
     EXPECT_EQ("KOVISCore", manager.getName());
     EXPECT_EQ(19U, manager.getNbMessages("N5kovis4core12eCoreMessage6domainE"));
-    EXPECT_EQ("Action %s was cancelled", manager.getMessage(typeid(core::eCoreMessage::domain).name(), core::eCoreMessage::eCM_Cancelled));
+    EXPECT_EQ("Action %s was cancelled",
+              manager.getMessage(typeid(core::eCoreMessage::domain).name(), core::eCoreMessage::eCM_Cancelled));
     EXPECT_EQ("KOVIS.KOVISCore", core::getKOVISCoreLogger().getName());
     EXPECT_TRUE(MessageMapRegistrator<core::eCoreMessage>::process());
 }

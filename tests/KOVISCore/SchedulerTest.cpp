@@ -29,10 +29,12 @@ TEST(Scheduler, RunsEveryPieceOfThreeLevelsOnce)
     {
         const Concurrency concurrency(nbThreads);
         std::atomic<int> nbLeaves{0};
-        core::executeAction(makeAction(makeTree({7, 11, 13}, [&](TestAction&) {
-            ++nbLeaves;
-            return BoolResult(true);
-        })));
+        core::executeAction(makeAction(makeTree({7, 11, 13},
+                                                [&](TestAction&)
+                                                {
+                                                    ++nbLeaves;
+                                                    return BoolResult(true);
+                                                })));
         EXPECT_EQ(7 * 11 * 13, nbLeaves.load());
     }
 }
@@ -67,13 +69,16 @@ TEST(Scheduler, WaitingThreadHelpsBelow)
     const Concurrency concurrency(2);
     Meeting meeting(2);
     std::atomic<int> nbPieces{0};
-    core::runProvider(makeProvider(2, [&](TestAction& action) {
-        if (nbPieces++ == 0)
-        {
-            return BoolResult(true);
-        }
-        return BoolResult(action.runNested(makeProvider(2, [&](TestAction&) { return BoolResult(meeting.arrive(), "alone"); })));
-    }));
+    core::runProvider(makeProvider(2,
+                                   [&](TestAction& action)
+                                   {
+                                       if (nbPieces++ == 0)
+                                       {
+                                           return BoolResult(true);
+                                       }
+                                       return BoolResult(action.runNested(
+                                           makeProvider(2, [&](TestAction&) { return BoolResult(meeting.arrive(), "alone"); })));
+                                   }));
 }
 
 TEST(Scheduler, BackgroundRunUsesItsThreadsToo)
@@ -89,10 +94,12 @@ TEST(Scheduler, OneThreadIsTheCallingOne)
 {
     const Concurrency concurrency(1);
     std::set<std::thread::id> threads;
-    core::executeAction(makeAction(makeTree({5, 5, 5}, [&](TestAction&) {
-        threads.insert(std::this_thread::get_id());
-        return BoolResult(true);
-    })));
+    core::executeAction(makeAction(makeTree({5, 5, 5},
+                                            [&](TestAction&)
+                                            {
+                                                threads.insert(std::this_thread::get_id());
+                                                return BoolResult(true);
+                                            })));
     EXPECT_EQ(std::set<std::thread::id>{std::this_thread::get_id()}, threads);
 }
 
@@ -103,16 +110,18 @@ TEST(Scheduler, KeepsToItsThreads)
         const Concurrency concurrency(nbThreads);
         std::atomic<int> nbNow{0};
         std::atomic<int> nbMost{0};
-        core::executeAction(makeAction(makeTree({4, 5, 20}, [&](TestAction&) {
-            const int now = ++nbNow;
-            int most = nbMost.load();
-            while (most < now && !nbMost.compare_exchange_weak(most, now))
-            {
-            }
-            std::this_thread::yield();
-            --nbNow;
-            return BoolResult(true);
-        })));
+        core::executeAction(makeAction(makeTree({4, 5, 20},
+                                                [&](TestAction&)
+                                                {
+                                                    const int now = ++nbNow;
+                                                    int most = nbMost.load();
+                                                    while (most < now && !nbMost.compare_exchange_weak(most, now))
+                                                    {
+                                                    }
+                                                    std::this_thread::yield();
+                                                    --nbNow;
+                                                    return BoolResult(true);
+                                                })));
         EXPECT_LE(nbMost.load(), static_cast<int>(nbThreads));
     }
 }
@@ -145,23 +154,28 @@ TEST(Scheduler, FloatingPointSettingsTravelWithTheRun)
         const unsigned int expected = getSettings();
         Meeting meeting(4);
         std::atomic<int> nbWrong{0};
-        const auto check = [&] {
+        const auto check = [&]
+        {
             if (getSettings() != expected || std::fegetround() != FE_UPWARD)
             {
                 ++nbWrong;
             }
         };
         // All four threads have a piece above, then many below.
-        const TestActionPtr action = makeNested(4, [&](TestAction& self) {
-            const bool bMet = meeting.arrive();
-            check();
-            const bool bDone = self.runNested(makeProvider(200, [&](TestAction&) {
-                check();
-                return BoolResult(true);
-            }));
-            check();
-            return BoolResult(bMet && bDone, "alone");
-        });
+        const TestActionPtr action = makeNested(4,
+                                                [&](TestAction& self)
+                                                {
+                                                    const bool bMet = meeting.arrive();
+                                                    check();
+                                                    const bool bDone = self.runNested(makeProvider(200,
+                                                                                                   [&](TestAction&)
+                                                                                                   {
+                                                                                                       check();
+                                                                                                       return BoolResult(true);
+                                                                                                   }));
+                                                    check();
+                                                    return BoolResult(bMet && bDone, "alone");
+                                                });
         const BoolResult started = bBackground ? action->run(core::eST_Asynchronous) : action->run(core::eST_Synchronous);
         const unsigned int after = getSettings();
         _mm_setcsr(before);
@@ -174,10 +188,12 @@ TEST(Scheduler, FloatingPointSettingsTravelWithTheRun)
     // And the next run has this thread's settings again.
     std::atomic<int> nbWrong{0};
     Meeting meeting(4);
-    core::runProvider(makeProvider(4, [&](TestAction&) {
-        nbWrong += getSettings() == before && std::fegetround() == FE_TONEAREST ? 0 : 1;
-        return BoolResult(meeting.arrive());
-    }));
+    core::runProvider(makeProvider(4,
+                                   [&](TestAction&)
+                                   {
+                                       nbWrong += getSettings() == before && std::fegetround() == FE_TONEAREST ? 0 : 1;
+                                       return BoolResult(meeting.arrive());
+                                   }));
     EXPECT_EQ(0, nbWrong.load());
 }
 
@@ -203,18 +219,20 @@ TEST(Scheduler, AnErrorOfAPieceArrivesOnceAndUnchanged)
         const Concurrency concurrency(nbThreads);
         std::atomic<int> nbLeaves{0};
         bool bFails = true;
-        const TestActionPtr action = makeAction(makeTree({3, 10, 10}, [&](TestAction& leaf) -> BoolResult {
-            const int number = ++nbLeaves;
-            if (bFails && number == 17)
-            {
-                throw PieceError(17);
-            }
-            if (bFails && number > 17)
-            {
-                waitUntilStopping(leaf);
-            }
-            return BoolResult(true);
-        }));
+        const TestActionPtr action = makeAction(makeTree({3, 10, 10},
+                                                         [&](TestAction& leaf) -> BoolResult
+                                                         {
+                                                             const int number = ++nbLeaves;
+                                                             if (bFails && number == 17)
+                                                             {
+                                                                 throw PieceError(17);
+                                                             }
+                                                             if (bFails && number > 17)
+                                                             {
+                                                                 waitUntilStopping(leaf);
+                                                             }
+                                                             return BoolResult(true);
+                                                         }));
         try
         {
             core::executeAction(action);
@@ -235,6 +253,23 @@ TEST(Scheduler, AnErrorOfAPieceArrivesOnceAndUnchanged)
     }
 }
 
+TEST(Scheduler, WhatHasNotBegunWhenAPieceFailsIsLeftAlone)
+{
+    const Concurrency one(1);
+    std::size_t nbPieces = 0;
+    const auto provider = makeProvider(20, [&](TestAction&) { return BoolResult(++nbPieces < 3, "third"); });
+    EXPECT_THROW(core::runProvider(provider), core::KOVISCoreException);
+    EXPECT_EQ(3U, nbPieces);
+    EXPECT_EQ(2U, provider->m_nbNotified);
+    EXPECT_TRUE(provider->m_bCleared);
+    for (std::size_t i = 0; i < provider->m_actions.size(); ++i)
+    {
+        const eActionState expected = i < 2 ? eActionState::done : i == 2 ? eActionState::failed : eActionState::idle;
+        EXPECT_EQ(expected, provider->m_actions[i]->getState()) << i;
+        EXPECT_EQ(i > 2, provider->m_actions[i]->getHooks().empty()) << i;
+    }
+}
+
 TEST(Scheduler, TheFirstErrorWins)
 {
     const Concurrency concurrency(2);
@@ -242,19 +277,21 @@ TEST(Scheduler, TheFirstErrorWins)
     {
         Meeting meeting(2);
         std::atomic<int> nbPieces{0};
-        const auto provider = makeProvider(2, [&](TestAction& action) -> BoolResult {
-            const int piece = nbPieces++;
-            if (!meeting.arrive())
-            {
-                return BoolResult(false, "alone");
-            }
-            if (piece == 0)
-            {
-                throw PieceError(0);
-            }
-            waitUntilStopping(action);
-            throw std::logic_error("too late");
-        });
+        const auto provider = makeProvider(2,
+                                           [&](TestAction& action) -> BoolResult
+                                           {
+                                               const int piece = nbPieces++;
+                                               if (!meeting.arrive())
+                                               {
+                                                   return BoolResult(false, "alone");
+                                               }
+                                               if (piece == 0)
+                                               {
+                                                   throw PieceError(0);
+                                               }
+                                               waitUntilStopping(action);
+                                               throw std::logic_error("too late");
+                                           });
         EXPECT_THROW(core::runProvider(provider), PieceError);
         EXPECT_TRUE(provider->m_bCleared);
         // The one failed, and the other one did not get to its end.
@@ -267,7 +304,8 @@ TEST(Scheduler, TheFirstErrorWins)
 TEST(Scheduler, AMessageOfAPieceArrivesUnchanged)
 {
     const Concurrency concurrency(3);
-    const TestActionPtr action = makeAction(makeTree({2, 50}, [](TestAction&) { return BoolResult(false, "the image is too small"); }));
+    const TestActionPtr action =
+        makeAction(makeTree({2, 50}, [](TestAction&) { return BoolResult(false, "the image is too small"); }));
     try
     {
         core::executeAction(action);
@@ -282,7 +320,8 @@ TEST(Scheduler, AMessageOfAPieceArrivesUnchanged)
 TEST(Scheduler, ErrorsOfAProviderAreErrorsOfTheRun)
 {
     const auto good = [](TestAction&) { return BoolResult(true); };
-    const auto getError = [](const boost::shared_ptr<ListProvider>& provider) -> std::string {
+    const auto getError = [](const boost::shared_ptr<ListProvider>& provider) -> std::string
+    {
         try
         {
             core::runProvider(provider);
@@ -339,20 +378,24 @@ TEST(Scheduler, CancellationDropsWhatHasNotBegunAndWaitsForTheRest)
         Meeting begun(nbThreads + 1);
         std::atomic<unsigned int> nbBegun{0};
         std::atomic<unsigned int> nbEnded{0};
-        const auto below = makeProvider(g_nbMany, [&](TestAction&) {
-            if (++nbBegun <= nbThreads)
-            {
-                begun.arrive();
-            }
-            const bool bOpened = gate.wait();
-            ++nbEnded;
-            return BoolResult(bOpened);
-        });
+        const auto below = makeProvider(g_nbMany,
+                                        [&](TestAction&)
+                                        {
+                                            if (++nbBegun <= nbThreads)
+                                            {
+                                                begun.arrive();
+                                            }
+                                            const bool bOpened = gate.wait();
+                                            ++nbEnded;
+                                            return BoolResult(bOpened);
+                                        });
         TestActionPtr middle;
-        const TestActionPtr action = makeNested(1, [&](TestAction& self) {
-            middle = boost::static_pointer_cast<TestAction>(self.shared_from_this());
-            return BoolResult(self.runNested(below));
-        });
+        const TestActionPtr action = makeNested(1,
+                                                [&](TestAction& self)
+                                                {
+                                                    middle = boost::static_pointer_cast<TestAction>(self.shared_from_this());
+                                                    return BoolResult(self.runNested(below));
+                                                });
         EXPECT_TRUE(action->run(core::eST_Asynchronous).getResult());
         EXPECT_TRUE(begun.arrive());
         action->requestCancellation();
@@ -388,28 +431,32 @@ TEST(Scheduler, CancellationOfAPieceCancelsItsRun)
 {
     const Concurrency concurrency(2);
     std::atomic<int> nbPieces{0};
-    const TestActionPtr action = makeNested(g_nbMany, [&](TestAction& self) {
-        const int number = ++nbPieces;
-        if (number == 10)
-        {
-            self.requestCancellation();
-        }
-        if (number > 10)
-        {
-            waitUntilStopping(self);
-        }
-        return BoolResult(true);
-    });
+    const TestActionPtr action = makeNested(g_nbMany,
+                                            [&](TestAction& self)
+                                            {
+                                                const int number = ++nbPieces;
+                                                if (number == 10)
+                                                {
+                                                    self.requestCancellation();
+                                                }
+                                                if (number > 10)
+                                                {
+                                                    waitUntilStopping(self);
+                                                }
+                                                return BoolResult(true);
+                                            });
     EXPECT_THAT(action->run(core::eST_Synchronous).getMessage(), HasSubstr("was cancelled"));
     EXPECT_LE(nbPieces.load(), 11);
 }
 
 TEST(Scheduler, AProviderRunByHandSaysThatItWasCancelled)
 {
-    const auto provider = makeProvider(10, [](TestAction& self) {
-        self.requestCancellation();
-        return BoolResult(true);
-    });
+    const auto provider = makeProvider(10,
+                                       [](TestAction& self)
+                                       {
+                                           self.requestCancellation();
+                                           return BoolResult(true);
+                                       });
     try
     {
         core::runProvider(provider);
@@ -425,15 +472,96 @@ TEST(Scheduler, ARunInsideARun)
 {
     const Concurrency concurrency(3);
     std::atomic<int> nbLeaves{0};
-    core::executeAction(makeAction(makeTree({6}, [&](TestAction&) {
-        // Not given to this run: a run of its own.
-        core::executeAction(makeAction(makeTree({4, 4}, [&](TestAction&) {
-            ++nbLeaves;
-            return BoolResult(true);
-        })));
-        return BoolResult(true);
-    })));
+    core::executeAction(makeAction(makeTree({6},
+                                            [&](TestAction&)
+                                            {
+                                                // Not given to this run: a run of its own.
+                                                core::executeAction(makeAction(makeTree({4, 4},
+                                                                                        [&](TestAction&)
+                                                                                        {
+                                                                                            ++nbLeaves;
+                                                                                            return BoolResult(true);
+                                                                                        })));
+                                                return BoolResult(true);
+                                            })));
     EXPECT_EQ(6 * 16, nbLeaves.load());
+}
+
+TEST(Scheduler, AThreadThatWaitsHelpsNoOtherRun)
+{
+    // One run has the only worker, and its calling thread waits for that; another run is then alone with its own thread.
+    const Concurrency concurrency(2);
+    Meeting meeting(2);
+    Gate waiting;
+    Gate gate;
+    std::thread caller(
+        [&]
+        {
+            const std::thread::id self = std::this_thread::get_id();
+            core::runProvider(makeProvider(2,
+                                           [&](TestAction&)
+                                           {
+                                               const bool bMet = meeting.arrive();
+                                               if (std::this_thread::get_id() == self)
+                                               {
+                                                   waiting.open();
+                                                   return BoolResult(bMet);
+                                               }
+                                               return BoolResult(gate.wait());
+                                           }));
+        });
+    EXPECT_TRUE(waiting.wait());
+    std::mutex mutex;
+    std::set<std::thread::id> threads;
+    core::runProvider(makeProvider(200,
+                                   [&](TestAction&)
+                                   {
+                                       std::this_thread::sleep_for(std::chrono::microseconds(100));
+                                       const std::lock_guard<std::mutex> lock(mutex);
+                                       threads.insert(std::this_thread::get_id());
+                                       return BoolResult(true);
+                                   }));
+    EXPECT_EQ(std::set<std::thread::id>{std::this_thread::get_id()}, threads);
+    gate.open();
+    caller.join();
+}
+
+TEST(Scheduler, MoreCallersThanPlacesDoNotWaitForEachOther)
+{
+    // All runs are under way at once, each on its own thread at least.
+    constexpr unsigned int nbCallers = 10;
+    const Concurrency concurrency(2);
+    Meeting meeting(nbCallers);
+    std::atomic<int> nbAlone{0};
+    std::vector<std::thread> callers;
+    for (unsigned int i = 0; i < nbCallers; ++i)
+    {
+        callers.emplace_back(
+            [&]
+            {
+                const std::thread::id self = std::this_thread::get_id();
+                std::atomic<bool> bMet{false};
+                core::runProvider(makeProvider(4,
+                                               [&](TestAction&)
+                                               {
+                                                   if (std::this_thread::get_id() == self && !bMet.exchange(true))
+                                                   {
+                                                       nbAlone += meeting.arrive() ? 0 : 1;
+                                                   }
+                                                   return BoolResult(true);
+                                               }));
+                // The worker may have had all four pieces before this thread came to one.
+                if (!bMet.exchange(true))
+                {
+                    nbAlone += meeting.arrive() ? 0 : 1;
+                }
+            });
+    }
+    for (std::thread& caller : callers)
+    {
+        caller.join();
+    }
+    EXPECT_EQ(0, nbAlone.load());
 }
 
 TEST(Scheduler, AThousandRunsFromSeveralThreads)
@@ -444,39 +572,43 @@ TEST(Scheduler, AThousandRunsFromSeveralThreads)
     std::atomic<int> nbLeaves{0};
     std::atomic<int> nbFailed{0};
     std::atomic<int> nbWrong{0};
-    const TestAction::Work leaf = [&](TestAction&) {
+    const TestAction::Work leaf = [&](TestAction&)
+    {
         ++nbLeaves;
         return BoolResult(true);
     };
     std::vector<std::thread> callers;
     for (int caller = 0; caller < nbCallers; ++caller)
     {
-        callers.emplace_back([&, caller] {
-            for (int i = 0; i < nbRuns; ++i)
+        callers.emplace_back(
+            [&, caller]
             {
-                // Some fail, some are in the background, the others are as most are.
-                const bool bFails = i % 10 == caller;
-                const TestActionPtr action = makeAction(makeTree({2, 3, 4}, bFails ? [](TestAction&) -> BoolResult { throw PieceError(5); } : leaf));
-                try
+                for (int i = 0; i < nbRuns; ++i)
                 {
-                    if (i % 3 == 0)
+                    // Some fail, some are in the background, the others are as most are.
+                    const bool bFails = i % 10 == caller;
+                    const TestActionPtr action =
+                        makeAction(makeTree({2, 3, 4}, bFails ? [](TestAction&) -> BoolResult { throw PieceError(5); } : leaf));
+                    try
                     {
-                        nbWrong += action->run(core::eST_Asynchronous).getResult() ? 0 : 1;
-                        action->getRunResult();
+                        if (i % 3 == 0)
+                        {
+                            nbWrong += action->run(core::eST_Asynchronous).getResult() ? 0 : 1;
+                            action->getRunResult();
+                        }
+                        else
+                        {
+                            core::executeAction(action);
+                        }
+                        nbWrong += action->getState() == eActionState::done && !bFails ? 0 : 1;
                     }
-                    else
+                    catch (const PieceError& e)
                     {
-                        core::executeAction(action);
+                        ++nbFailed;
+                        nbWrong += e.m_number == 5 && bFails ? 0 : 1;
                     }
-                    nbWrong += action->getState() == eActionState::done && !bFails ? 0 : 1;
                 }
-                catch (const PieceError& e)
-                {
-                    ++nbFailed;
-                    nbWrong += e.m_number == 5 && bFails ? 0 : 1;
-                }
-            }
-        });
+            });
     }
     for (std::thread& caller : callers)
     {
@@ -510,7 +642,8 @@ TEST(Scheduler, TimeOfAnEmptyRun)
             core::executeAction(makeAction(makeTree(sizes, leaf)));
         }
         const std::chrono::duration<double, std::micro> time = std::chrono::steady_clock::now() - start;
-        std::printf("an empty run of %s pieces on %u threads: %.2f microseconds\n", name, core::getMaxConcurrency(), time.count() / nbRuns);
+        std::printf("an empty run of %s pieces on %u threads: %.2f microseconds\n", name, core::getMaxConcurrency(),
+                    time.count() / nbRuns);
     }
 }
 } // namespace

@@ -79,10 +79,12 @@ TEST(SingleActionProvider, ItsActionRunsOnTheCallingThread)
     std::thread::id thread;
     const auto provider = boost::make_shared<core::SingleActionProvider>();
     EXPECT_TRUE(provider
-                    ->init(makeAction([&](TestAction&) {
-                        thread = std::this_thread::get_id();
-                        return BoolResult(true);
-                    }))
+                    ->init(makeAction(
+                        [&](TestAction&)
+                        {
+                            thread = std::this_thread::get_id();
+                            return BoolResult(true);
+                        }))
                     .getResult());
     core::runProvider(provider);
     EXPECT_EQ(std::this_thread::get_id(), thread);

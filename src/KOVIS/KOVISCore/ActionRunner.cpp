@@ -22,7 +22,8 @@ bool accept(const BoolResult& result, const BaseAction& action, RunContext& cont
     // A hook that was cut short by the run's end has nothing to add to the reason of that.
     if (!context.isInterrupted() && !context.isStopping())
     {
-        context.fail(result.getMessage().empty() ? coreText(eCoreMessage::eCM_NoReason, action.getClassName()) : result.getMessage(),
+        context.fail(result.getMessage().empty() ? coreText(eCoreMessage::eCM_NoReason, action.getClassName())
+                                                 : result.getMessage(),
                      SourcePlace{"bool kovis::core::detail::ActionRunner::work(BaseAction&, RunContext&)", g_file, __LINE__});
     }
     return false;
@@ -42,7 +43,8 @@ bool ActionRunner::work(BaseAction& action, RunContext& context)
 
 void ActionRunner::clean(BaseAction& action, bool bCancelled) noexcept
 {
-    const auto tryTo = [&action](const auto& hook) {
+    const auto tryTo = [&action](const auto& hook)
+    {
         try
         {
             hook();
@@ -51,7 +53,9 @@ void ActionRunner::clean(BaseAction& action, bool bCancelled) noexcept
         {
             // The run has its reason already; this one can only be told.
             const SourcePlace place{"void kovis::core::detail::ActionRunner::clean(BaseAction&, bool)", g_file, __LINE__};
-            logError(coreText(eCoreMessage::eCM_CleaningFailed, action.getClassName(), getMessage(std::current_exception(), action)), place);
+            logError(
+                coreText(eCoreMessage::eCM_CleaningFailed, action.getClassName(), getMessage(std::current_exception(), action)),
+                place);
         }
     };
     tryTo([&] { action.cleanOnErrorDerived(bCancelled ? BaseAction::eCR_Cancellation : BaseAction::eCR_Failure); });
@@ -108,9 +112,11 @@ bool ActionRunner::runPiece(const boost::shared_ptr<BaseAction>& action, RunCont
     RunContext context(parent, share);
     if (!action->m_runState->begin(context))
     {
-        parent.fail(coreText(eCoreMessage::eCM_AlreadyRunning, action->getClassName()),
-                    SourcePlace{"bool kovis::core::detail::ActionRunner::runPiece(const boost::shared_ptr<BaseAction>&, RunContext&, double)",
-                                g_file, __LINE__});
+        parent.fail(
+            coreText(eCoreMessage::eCM_AlreadyRunning, action->getClassName()),
+            SourcePlace{
+                "bool kovis::core::detail::ActionRunner::runPiece(const boost::shared_ptr<BaseAction>&, RunContext&, double)",
+                g_file, __LINE__});
         return false;
     }
     RunOutcome outcome = callHooks(*action, context);

@@ -39,7 +39,8 @@ bool BackgroundRun::start(const boost::shared_ptr<BaseAction>& action)
 void BackgroundRun::runInBackground() noexcept
 {
     RunOutcome outcome = ActionRunner::callHooks(*m_action, m_context);
-    // This thread keeps nothing of the action and its error when the end is told: whoever waits for it may unload their code then.
+    // This thread keeps nothing of the action and its error when the end is told: whoever waits for it may unload their code
+    // then.
     (void)m_run.takeError();
     m_action.reset();
     m_state->finish(std::move(outcome));

@@ -53,7 +53,8 @@ BoolResult BaseAction::run(const eSynchroType& synchroType)
     }
     if (synchroType != eST_Asynchronous)
     {
-        return refuse(detail::coreText(eCoreMessage::eCM_UnknownSynchroType, getClassName(), static_cast<int>(synchroType)), __LINE__);
+        return refuse(detail::coreText(eCoreMessage::eCM_UnknownSynchroType, getClassName(), static_cast<int>(synchroType)),
+                      __LINE__);
     }
     try
     {

@@ -11,7 +11,8 @@ namespace
 {
 SourcePlace getPlace(unsigned int line)
 {
-    return SourcePlace{"bool kovis::core::detail::ProviderPull::pullOne(const BaseRequestOrigin&)", "KOVIS/KOVISCore/ProviderPull.cpp", line};
+    return SourcePlace{"bool kovis::core::detail::ProviderPull::pullOne(const BaseRequestOrigin&)",
+                       "KOVIS/KOVISCore/ProviderPull.cpp", line};
 }
 } // namespace
 
@@ -38,7 +39,8 @@ bool ProviderPull::pullOne(const BaseRequestOrigin& origin)
     const BoolResult queried = m_provider->queryNextAction(origin, request, bGiven, data);
     if (!queried.getResult())
     {
-        m_context.fail(queried.getMessage().empty() ? coreText(eCoreMessage::eCM_QueryFailed) : queried.getMessage(), getPlace(__LINE__));
+        m_context.fail(queried.getMessage().empty() ? coreText(eCoreMessage::eCM_QueryFailed) : queried.getMessage(),
+                       getPlace(__LINE__));
         return false;
     }
     if (!bGiven)
@@ -59,8 +61,9 @@ bool ProviderPull::pullOne(const BaseRequestOrigin& origin)
     const BoolResult notified = m_provider->notifyDerived(request, data, bFinished);
     if (!notified.getResult())
     {
-        m_context.fail(notified.getMessage().empty() ? coreText(eCoreMessage::eCM_NotifyFailed, request->getAction()->getClassName())
-                                                     : notified.getMessage(),
+        m_context.fail(notified.getMessage().empty()
+                           ? coreText(eCoreMessage::eCM_NotifyFailed, request->getAction()->getClassName())
+                           : notified.getMessage(),
                        getPlace(__LINE__));
         return false;
     }

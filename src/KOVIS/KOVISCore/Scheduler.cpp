@@ -110,7 +110,8 @@ bool runNestedProvider(const ActionProviderPtr& provider, RunContext& context, d
     if (!provider)
     {
         context.fail(coreText(eCoreMessage::eCM_EmptyProvider),
-                     SourcePlace{"bool kovis::core::detail::runNestedProvider(const ActionProviderPtr&, RunContext&, double)", g_file, __LINE__});
+                     SourcePlace{"bool kovis::core::detail::runNestedProvider(const ActionProviderPtr&, RunContext&, double)",
+                                 g_file, __LINE__});
         context.markInterrupted();
         return false;
     }

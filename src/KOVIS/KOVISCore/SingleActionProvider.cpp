@@ -21,8 +21,8 @@ BoolResult SingleActionProvider::init(const boost::shared_ptr<BaseAction>& actio
     return BoolResult(true);
 }
 
-BoolResult SingleActionProvider::queryNextAction(const BaseRequestOrigin&, boost::shared_ptr<BaseActionRequest>& request, bool& bGiven,
-                                                 boost::shared_ptr<BaseSerializationObject>& data)
+BoolResult SingleActionProvider::queryNextAction(const BaseRequestOrigin&, boost::shared_ptr<BaseActionRequest>& request,
+                                                 bool& bGiven, boost::shared_ptr<BaseSerializationObject>& data)
 {
     data.reset();
     request.reset();

@@ -1,5 +1,6 @@
-// The one source that knows TBB. It is compiled without thread-sanitizer instrumentation, as the distribution's TBB is, and tells the
-// sanitizer where work changes hands instead. So it shares no inline code with other units that would need the instrumentation.
+// The one source that knows TBB. It is compiled without thread-sanitizer instrumentation, as the distribution's TBB is, and tells
+// the sanitizer where work changes hands instead. So it shares no inline code with other units that would need the
+// instrumentation.
 #include "KOVIS/KOVISCore/TaskArena.h"
 
 #include <oneapi/tbb/global_control.h>
@@ -40,9 +41,9 @@ constexpr int g_nbCallerPlaces = 4;
 struct Arenas
 {
     explicit Arenas(int nbThreads)
-        : m_nbPlaces(nbThreads < g_nbCallerPlaces ? nbThreads : g_nbCallerPlaces)
-        , m_pieces(nbThreads - 1 + m_nbPlaces, static_cast<unsigned int>(m_nbPlaces))
-        , m_background(nbThreads, 0)
+        : m_nbPlaces(nbThreads < g_nbCallerPlaces ? nbThreads : g_nbCallerPlaces),
+          m_pieces(nbThreads - 1 + m_nbPlaces, static_cast<unsigned int>(m_nbPlaces)),
+          m_background(nbThreads, 0)
     {
     }
 
@@ -195,13 +196,15 @@ void enqueueInBackground(BackgroundJob* job, unsigned int nbThreads)
     tbb::task_arena& arena = getBackgroundArena(nbThreads);
     auto context = std::make_unique<tbb::task_group_context>(g_contextKind, g_contextTraits);
     releaseTo(job);
-    arena.enqueue([job, taken = context.get()] {
-        const std::unique_ptr<tbb::task_group_context> held(taken);
-        acquireFrom(job);
-        tbb::task_group group(*held);
-        group.run_and_wait([job] { job->runInBackground(); });
-        delete job;
-    });
+    arena.enqueue(
+        [job, taken = context.get()]
+        {
+            const std::unique_ptr<tbb::task_group_context> held(taken);
+            acquireFrom(job);
+            tbb::task_group group(*held);
+            group.run_and_wait([job] { job->runInBackground(); });
+            delete job;
+        });
     (void)context.release();
 }
 } // namespace kovis::core::detail

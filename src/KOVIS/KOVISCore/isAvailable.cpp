@@ -35,7 +35,8 @@ const hard::ComputerDescription& getComputer()
 
 const NamedSet* findName(const std::string& name)
 {
-    const auto* const found = std::find_if(std::begin(g_sets), std::end(g_sets), [&](const NamedSet& set) { return name == set.m_name; });
+    const auto* const found =
+        std::find_if(std::begin(g_sets), std::end(g_sets), [&](const NamedSet& set) { return name == set.m_name; });
     return found == std::end(g_sets) ? nullptr : found;
 }
 
@@ -51,8 +52,9 @@ const NamedSet* readStrongest()
     {
         return named;
     }
-    detail::logError(detail::coreText(eCoreMessage::eCM_UnknownInstructionSet, value, g_names),
-                     SourcePlace{"bool kovis::core::isAvailable(const eInstructionSet&)", "KOVIS/KOVISCore/isAvailable.cpp", __LINE__});
+    detail::logError(
+        detail::coreText(eCoreMessage::eCM_UnknownInstructionSet, value, g_names),
+        SourcePlace{"bool kovis::core::isAvailable(const eInstructionSet&)", "KOVIS/KOVISCore/isAvailable.cpp", __LINE__});
     return strongest;
 }
 } // namespace

@@ -7,6 +7,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <exception>
+#include <string>
 
 namespace kovis::core::detail
 {

@@ -1,12 +1,10 @@
 #pragma once
 
 #include "KOVIS/KOVISCore/BaseActionProvider.h"
-#include "KOVIS/KOVISUtil/ThrowMessage.h"
 
 #include <atomic>
 #include <exception>
 #include <mutex>
-#include <string>
 #include <vector>
 
 namespace kovis::core::detail
@@ -35,8 +33,8 @@ public:
     /// The same, and keeps none: whoever started the run is then the only one to hold it.
     std::exception_ptr takeError();
 
-    /// Enters a provider for the time that it is pulled from, so that a cancellation reaches it. False, and nothing is entered, if the
-    /// run is stopping.
+    /// Enters a provider for the time that it is pulled from, so that a cancellation reaches it. False, and nothing is entered,
+    /// if the run is stopping.
     bool enterProvider(const ActionProviderPtr& provider);
     void leaveProvider(const ActionProviderPtr& provider);
 

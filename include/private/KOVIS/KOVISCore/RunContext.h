@@ -9,8 +9,8 @@
 
 namespace kovis::core::detail
 {
-/// The part of one action in a run: what it has done of it, and how it goes. Parts form a tree as the actions do; a part outlives those
-/// below it. Safe from any thread.
+/// The part of one action in a run: what it has done of it, and how it goes. Parts form a tree as the actions do; a part outlives
+/// those below it. Safe from any thread.
 class RunContext
 {
 public:

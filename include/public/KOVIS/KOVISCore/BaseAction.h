@@ -30,7 +30,7 @@ enum eSynchroType : int
 /// State of an action.
 enum class eActionState
 {
-    idle,      ///< not started
+    idle, ///< not started
     running,
     done,
     failed,
@@ -39,11 +39,12 @@ enum class eActionState
 
 /// A piece of work that can be run to the end, run in the background, watched and cancelled.
 ///
-/// A background run keeps its action alive until it ends, and takes the floating-point settings of the thread that started it with
-/// it. A program waits for its background runs before main ends. The watching operations may be called from any thread at any time.
+/// A background run keeps its action alive until it ends, and takes the floating-point settings of the thread that started it
+/// with it. A program waits for its background runs before main ends. The watching operations may be called from any thread at
+/// any time.
 ///
-/// The hooks of a run, in this order: syncInputDataDerived, runDerived, syncOutputDataDerived; for a run that failed or was cancelled
-/// cleanOnErrorDerived; clearIntermediateData. All on the thread of the run.
+/// The hooks of a run, in this order: syncInputDataDerived, runDerived, syncOutputDataDerived; for a run that failed or was
+/// cancelled cleanOnErrorDerived; clearIntermediateData. All on the thread of the run.
 class KOVISCORE_EXPORT BaseAction : public BaseSerializationObject, public boost::enable_shared_from_this<BaseAction>
 {
 public:
@@ -69,8 +70,8 @@ public:
     BoolResult waitFor(const std::chrono::milliseconds& duration) const;
     /// From 0 to 1 over all steps of the run; never goes back, and is 1 only when the run is done.
     double getProgress() const;
-    /// Asks the run to end: what has not begun is dropped, what has is waited for, and the run ends as cancelled. An action that runs
-    /// as a piece of another one's run asks that whole run. Does nothing where no run is under way. Does not wait.
+    /// Asks the run to end: what has not begun is dropped, what has is waited for, and the run ends as cancelled. An action that
+    /// runs as a piece of another one's run asks that whole run. Does nothing where no run is under way. Does not wait.
     void requestCancellation();
     /// Waits, then true for a run that is done; rethrows what a failed run failed with; false with a message for a cancelled one.
     BoolResult getRunResult() const;
@@ -98,7 +99,8 @@ protected:
     virtual void clearIntermediateData();
     virtual void clearOutputData() = 0;
 
-    /// This action's part in the run; only inside the hooks of a run (outside it throws KOVISCoreException). Nested work is given to it.
+    /// This action's part in the run; only inside the hooks of a run (outside it throws KOVISCoreException). Nested work is given
+    /// to it.
     detail::RunContext& getRunContext() const;
     /// The part of the whole run's progress that this action stands for; only inside the hooks of a run, as above.
     double getProgressShare() const;

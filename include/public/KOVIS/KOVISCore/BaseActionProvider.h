@@ -34,9 +34,9 @@ private:
     double m_share;
 };
 
-/// A source of actions, from which the framework pulls on several threads at once until it is empty. Each action that was given out
-/// is run once and, when it is done, notified. Of a run that fails or is cancelled, what was given out and has not begun is dropped,
-/// and clearDerived is called when all that has begun has ended.
+/// A source of actions, from which the framework pulls on several threads at once until it is empty. Each action that was given
+/// out is run once and, when it is done, notified. Of a run that fails or is cancelled, what was given out and has not begun is
+/// dropped, and clearDerived is called when all that has begun has ended.
 class KOVISCORE_EXPORT BaseActionProvider
 {
 public:
@@ -47,11 +47,12 @@ public:
     /// Gives the next action. `bGiven` tells whether there was one; the last argument takes data that the action's run on another
     /// computer would need, and stays empty here. False, with a message, if the next action could not be made.
     /// Safe to call from several threads at once.
-    virtual BoolResult queryNextAction(const BaseRequestOrigin& origin, boost::shared_ptr<BaseActionRequest>& request, bool& bGiven,
-                                       boost::shared_ptr<BaseSerializationObject>& data) = 0;
+    virtual BoolResult queryNextAction(const BaseRequestOrigin& origin, boost::shared_ptr<BaseActionRequest>& request,
+                                       bool& bGiven, boost::shared_ptr<BaseSerializationObject>& data) = 0;
     /// Whether queryNextAction would still give an action.
     virtual bool hasPendingAction() const = 0;
-    /// Tells that a request's action is done. `bFinished` tells whether it was the last one. Safe to call from several threads at once.
+    /// Tells that a request's action is done. `bFinished` tells whether it was the last one. Safe to call from several threads at
+    /// once.
     virtual BoolResult notifyDerived(const boost::shared_ptr<BaseActionRequest>& request,
                                      const boost::shared_ptr<const BaseSerializationObject>& data, bool& bFinished) = 0;
     /// Drops what the provider holds; no action is pending afterwards.
@@ -59,8 +60,8 @@ public:
     /// From now on no action is given out. Safe to call from any thread.
     virtual void requestCancellationDerived();
 
-    /// Upper bound of the actions still pending, so that no more workers are woken than there is work for: with 0 or 1 the provider is
-    /// emptied on the calling thread.
+    /// Upper bound of the actions still pending, so that no more workers are woken than there is work for: with 0 or 1 the
+    /// provider is emptied on the calling thread.
     unsigned long getNbPendingActions() const { return m_nbPendingActions.load(std::memory_order_relaxed); }
 
 protected:

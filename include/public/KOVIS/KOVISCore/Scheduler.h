@@ -18,16 +18,18 @@ KOVISCORE_EXPORT void runProvider(const ActionProviderPtr& provider);
 /// Throws KOVISCoreException for an empty pointer and for an action whose run is under way.
 KOVISCORE_EXPORT void executeAction(const boost::shared_ptr<BaseAction>& action);
 
-/// Limits the threads that take part in runs, the calling one included; 0 asks for as many as the computer has processors, which is
-/// the default, and more than 256 counts as 256. Takes effect for runs that start afterwards. With 1, a run stays on its own thread.
+/// Limits the threads that take part in runs, the calling one included; 0 asks for as many as the computer has processors, which
+/// is the default, and more than 256 counts as 256. Takes effect for runs that start afterwards. With 1, a run stays on its own
+/// thread.
 KOVISCORE_EXPORT void setMaxConcurrency(unsigned int nbThreads);
 KOVISCORE_EXPORT unsigned int getMaxConcurrency();
 
 namespace detail
 {
 /// Runs a provider's actions as a part of a run; `share` is the part of the run's progress that they are. Returns when they have
-/// ended, also after a failure or a cancellation, which the run context then holds; false then, and the caller's result counts for
-/// nothing any more. A provider of one pending action runs on the calling thread; the threads that wait help with the same run.
+/// ended, also after a failure or a cancellation, which the run context then holds; false then, and the caller's result counts
+/// for nothing any more. A provider of one pending action runs on the calling thread; the threads that wait help with the same
+/// run.
 KOVISCORE_EXPORT bool runNestedProvider(const ActionProviderPtr& provider, RunContext& context, double share);
 
 /// Whether the run is to stop: cancelled or failed.
