@@ -28,7 +28,7 @@ TEST(PieceLength, SmallWorkIsOnePiece)
     EXPECT_EQ(1U, choosePieceLength(conditions(0, 0, 0, 0, 0)));
 }
 
-TEST(PieceLength, PiecesAreWholeRowsThatFitHalfTheCache)
+TEST(PieceLength, PiecesAreWholeRowsThatFitTheCache)
 {
     for (const std::size_t cache : {512 * 1024UL, g_mebibyte, 2 * g_mebibyte})
     {
@@ -39,7 +39,7 @@ TEST(PieceLength, PiecesAreWholeRowsThatFitHalfTheCache)
                 const unsigned long length = choosePieceLength(conditions(sizeX, 4000, elementBytes, cache, 1));
                 EXPECT_EQ(0U, length % sizeX);
                 // With three float planes beside the images; less than 8192 elements are not worth a piece.
-                EXPECT_TRUE(length * (elementBytes + 12) <= cache / 2 || length <= 8192) << length;
+                EXPECT_TRUE(length * (elementBytes + 12) <= cache || length <= 8192) << length;
                 EXPECT_LE(length, 65536U);
             }
         }

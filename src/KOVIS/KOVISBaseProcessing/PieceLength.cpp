@@ -24,8 +24,8 @@ namespace detail
 unsigned long choosePieceLength(const PieceConditions& conditions)
 {
     const unsigned long rowLength = std::max(conditions.m_rowLength, 1UL);
-    // Half of the cache, for the other half holds what the kernel reads ahead and tables.
-    const unsigned long cached = conditions.m_level2CacheSize / 2 / (conditions.m_elementBytes + g_workingBytes);
+    // Making a piece ready costs a few microseconds, so it takes all that the cache holds: shorter pieces cost more than they save.
+    const unsigned long cached = conditions.m_level2CacheSize / (conditions.m_elementBytes + g_workingBytes);
     const unsigned long longest = std::clamp(cached, g_smallestPiece, g_greatestPiece);
     const unsigned long share = conditions.m_nbElements / (g_piecesPerThread * std::max(conditions.m_nbThreads, 1U)) + 1;
     const unsigned long wanted = std::clamp(share, g_smallestPiece, longest);

@@ -15,7 +15,7 @@ struct PieceConditions
 };
 
 /// Elements of one piece: whole rows where a row is short enough, else whole blocks of 64. At least 1, at most g_greatestPiece or the
-/// whole work; of long work no more than fits half of the level 2 cache with its working planes, but g_smallestPiece at least.
+/// whole work; of long work no more than fits the level 2 cache with its working planes, but g_smallestPiece at least.
 unsigned long choosePieceLength(const PieceConditions& conditions);
 
 /// The same for this computer, unless setStripHeight fixes it.
