@@ -24,9 +24,13 @@ LEGACY = re.compile(r"^(popcnt|lddqu|haddp[sd]|hsubp[sd]|addsubp[sd]|movs[hl]dup
                     r"pcmp[ei]str[im]|crc32\w*|andn|bextr|bls\w+|bzhi|mulx|pdep|pext|rorx|sarx|shlx|shrx|lzcnt)$")
 
 
+# System instructions that begin with v as those in VEX and EVEX encoding do.
+SYSTEM = frozenset("verr verw vmcall vmlaunch vmresume vmxoff vmxon vmptrld vmptrst vmclear vmread vmwrite vmfunc vmrun vmload vmsave "
+                   "vmmcall vmgexit".split())
+
+
 def beyond_sse2(mnemonic, operands):
-    # VEX and EVEX instructions begin with v; so do two system instructions and those of virtualisation.
-    if mnemonic.startswith("v") and mnemonic not in ("verr", "verw") and not mnemonic.startswith("vm"):
+    if mnemonic.startswith("v") and mnemonic not in SYSTEM:
         return True
     return "%ymm" in operands or "%zmm" in operands or LEGACY.match(mnemonic) is not None
 

@@ -20,6 +20,8 @@ template <class T> __attribute__((noinline)) void shared(T* out, const T* in)
     _mm256_storeu_ps(out, _mm256_add_ps(_mm256_loadu_ps(in), _mm256_loadu_ps(in + 8)));
 }
 template void shared<float>(float*, const float*);
+template <class T> __attribute__((noinline)) T scaled(T value) { return value * T(1.5); }
+template float scaled<float>(float);
 namespace simd::avx2 { void kernel(float* out, const float* in); }
 void simd::avx2::kernel(float* out, const float* in) { _mm256_storeu_ps(out, _mm256_loadu_ps(in)); }
 volatile float g_in = 2.0F;
@@ -49,6 +51,7 @@ def main(compiler, folder):
     problems = leaks(source, functions)
     expect(count >= 4, "all functions are looked at")
     expect(any("shared<float>" in problem for problem in problems), "a template without a form in its name is seen")
+    expect(any("scaled<float>" in problem for problem in problems), "scalar code in the set's encoding is seen")
     expect(not any("simd::avx2::kernel" in problem for problem in problems), "a form's own kernel passes")
     expect(not any("plain" in name for name in functions), "plain code passes")
     expect(any("simd::avx2::kernel" in problem for problem in leaks("other_avx.cpp", functions)),
