@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <cfenv>
-#include <cstdio>
 #include <set>
 #include <stdexcept>
 
@@ -625,25 +624,5 @@ TEST(Scheduler, AThousandRunsFromSeveralThreads)
     EXPECT_EQ(nbExpectedFailed, nbFailed.load());
     EXPECT_EQ(0, nbWrong.load());
     EXPECT_EQ((nbCallers * nbRuns - nbExpectedFailed) * 24, nbLeaves.load());
-}
-
-// For who reads the log: what a run costs beside its work. A time is no test.
-TEST(Scheduler, TimeOfAnEmptyRun)
-{
-    const TestAction::Work leaf = [](TestAction&) { return BoolResult(true); };
-    const std::vector<std::pair<const char*, std::vector<std::size_t>>> trees = {
-        {"1 x 1 x 1", {1, 1, 1}}, {"1 x 1 x 4", {1, 1, 4}}, {"4 x 4 x 4", {4, 4, 4}}};
-    for (const auto& [name, sizes] : trees)
-    {
-        constexpr int nbRuns = 2000;
-        const auto start = std::chrono::steady_clock::now();
-        for (int i = 0; i < nbRuns; ++i)
-        {
-            core::executeAction(makeAction(makeTree(sizes, leaf)));
-        }
-        const std::chrono::duration<double, std::micro> time = std::chrono::steady_clock::now() - start;
-        std::printf("an empty run of %s pieces on %u threads: %.2f microseconds\n", name, core::getMaxConcurrency(),
-                    time.count() / nbRuns);
-    }
 }
 } // namespace

@@ -8,6 +8,10 @@
 
 namespace kovis::core
 {
+// Threads: the pieces of all runs share one arena per limit of setMaxConcurrency. Up to four threads that call at once are helped by
+// its workers; a further caller converts alone, on its own thread, and never waits for the others. Background runs start from threads
+// of their own, for which TBB's limit of the process (max_allowed_parallelism) is raised to twice the concurrency.
+
 /// Runs everything that a provider gives, to the end, on the calling thread and the workers, for who drives a level by hand.
 /// What fails inside comes out as one exception: the first one wins, what has not begun is dropped, what has is waited for.
 /// A step of a run gives nested work to its run instead, by runNestedProvider. Throws KOVISCoreException for an empty pointer.
