@@ -120,13 +120,20 @@ RowCheck checkOf(eImageBufferType outType)
 {
     switch (getStorageType(outType))
     {
-    case eIBT_Int8: return &checkRow<Tin, signed char>;
-    case eIBT_UInt8: return &checkRow<Tin, unsigned char>;
-    case eIBT_Int16: return &checkRow<Tin, short>;
-    case eIBT_UInt16: return &checkRow<Tin, unsigned short>;
-    case eIBT_Int32: return &checkRow<Tin, int>;
-    case eIBT_UInt32: return &checkRow<Tin, unsigned int>;
-    default: return &checkRow<Tin, float>;
+    case eIBT_Int8:
+        return &checkRow<Tin, signed char>;
+    case eIBT_UInt8:
+        return &checkRow<Tin, unsigned char>;
+    case eIBT_Int16:
+        return &checkRow<Tin, short>;
+    case eIBT_UInt16:
+        return &checkRow<Tin, unsigned short>;
+    case eIBT_Int32:
+        return &checkRow<Tin, int>;
+    case eIBT_UInt32:
+        return &checkRow<Tin, unsigned int>;
+    default:
+        return &checkRow<Tin, float>;
     }
 }
 
@@ -134,13 +141,20 @@ RowCheck checkOf(eImageBufferType inType, eImageBufferType outType)
 {
     switch (getStorageType(inType))
     {
-    case eIBT_Int8: return checkOf<signed char>(outType);
-    case eIBT_UInt8: return checkOf<unsigned char>(outType);
-    case eIBT_Int16: return checkOf<short>(outType);
-    case eIBT_UInt16: return checkOf<unsigned short>(outType);
-    case eIBT_Int32: return checkOf<int>(outType);
-    case eIBT_UInt32: return checkOf<unsigned int>(outType);
-    default: return checkOf<float>(outType);
+    case eIBT_Int8:
+        return checkOf<signed char>(outType);
+    case eIBT_UInt8:
+        return checkOf<unsigned char>(outType);
+    case eIBT_Int16:
+        return checkOf<short>(outType);
+    case eIBT_UInt16:
+        return checkOf<unsigned short>(outType);
+    case eIBT_Int32:
+        return checkOf<int>(outType);
+    case eIBT_UInt32:
+        return checkOf<unsigned int>(outType);
+    default:
+        return checkOf<float>(outType);
     }
 }
 } // namespace
@@ -189,7 +203,8 @@ TEST(ColorConvertImgLvl3Rows, EachRunsItsFormOnItsTypes)
         const ModelForm& form = formOf(row.getInstructionSets());
         SCOPED_TRACE(std::string(form.m_name) + ": " + row.getDataTypes().getName());
         ++nbOfForm[form.m_name];
-        checkOf(static_cast<eImageBufferType>(row.getDataTypes().getId(0)), static_cast<eImageBufferType>(row.getDataTypes().getId(1)))(row, form);
+        checkOf(static_cast<eImageBufferType>(row.getDataTypes().getId(0)),
+                static_cast<eImageBufferType>(row.getDataTypes().getId(1)))(row, form);
         ASSERT_FALSE(HasFatalFailure());
     }
     EXPECT_EQ(nbOfForm["generic"], 121);

@@ -19,17 +19,17 @@ constexpr unsigned int g_channels[] = {1, 3, 4, 3, 3, 3, 3, 3, 3, 3, 5};
 // -: copy, no chain; d: direct; X, R: through XYZ, RGB; XR, RX: through both, in this order.
 // Columns: Grey, Rgb, Rgba, XYZ, YPbPr, YCbCr, CieLab, CieLuv, HLS, HSV, User.
 constexpr const char* g_routes[11][11] = {
-    {"-", "d", "d", "d", "d", "d", "X", "X", "R", "R", "d"},      // Grey
-    {"d", "-", "d", "d", "d", "d", "X", "X", "d", "d", "d"},      // Rgb
-    {"d", "d", "-", "d", "d", "d", "X", "X", "R", "R", "d"},      // Rgba
-    {"d", "d", "d", "-", "d", "d", "d", "d", "R", "R", "d"},      // XYZ
-    {"d", "d", "d", "d", "-", "d", "X", "X", "R", "R", "d"},      // YPbPr
-    {"d", "d", "d", "d", "d", "-", "X", "X", "R", "R", "d"},      // YCbCr
-    {"X", "X", "X", "d", "X", "X", "-", "X", "XR", "XR", "X"},    // CieLab
-    {"X", "X", "X", "d", "X", "X", "X", "-", "XR", "XR", "X"},    // CieLuv
-    {"R", "d", "R", "R", "R", "R", "RX", "RX", "-", "R", "R"},    // HLS
-    {"R", "d", "R", "R", "R", "R", "RX", "RX", "R", "-", "R"},    // HSV
-    {"d", "d", "d", "d", "d", "d", "X", "X", "R", "R", "d"},      // User
+    {"-", "d", "d", "d", "d", "d", "X", "X", "R", "R", "d"},   // Grey
+    {"d", "-", "d", "d", "d", "d", "X", "X", "d", "d", "d"},   // Rgb
+    {"d", "d", "-", "d", "d", "d", "X", "X", "R", "R", "d"},   // Rgba
+    {"d", "d", "d", "-", "d", "d", "d", "d", "R", "R", "d"},   // XYZ
+    {"d", "d", "d", "d", "-", "d", "X", "X", "R", "R", "d"},   // YPbPr
+    {"d", "d", "d", "d", "d", "-", "X", "X", "R", "R", "d"},   // YCbCr
+    {"X", "X", "X", "d", "X", "X", "-", "X", "XR", "XR", "X"}, // CieLab
+    {"X", "X", "X", "d", "X", "X", "X", "-", "XR", "XR", "X"}, // CieLuv
+    {"R", "d", "R", "R", "R", "R", "RX", "RX", "-", "R", "R"}, // HLS
+    {"R", "d", "R", "R", "R", "R", "RX", "RX", "R", "-", "R"}, // HSV
+    {"d", "d", "d", "d", "d", "d", "X", "X", "R", "R", "d"},   // User
 };
 
 ConversionStep firstStep(int geometry)
@@ -39,7 +39,8 @@ ConversionStep firstStep(int geometry)
 
 ConversionStep lastStep(int geometry)
 {
-    return ConversionStep(static_cast<eColorGeometryType>(geometry), g_channels[geometry] + (geometry == eCGT_User ? 1U : 0U), eIBT_UInt16_9);
+    return ConversionStep(static_cast<eColorGeometryType>(geometry), g_channels[geometry] + (geometry == eCGT_User ? 1U : 0U),
+                          eIBT_UInt16_9);
 }
 
 ConversionChain makeChain(eColorGeometryType from, eColorGeometryType to)

@@ -1,5 +1,5 @@
-#include "KOVISIPL/KOVISIPLColor/KOVISIPLColorLog.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/convertPlanes.h"
+#include "KOVISIPL/KOVISIPLColor/KOVISIPLColorLog.h"
 #include "KOVISIPLColor/kernel/KernelGrid.h"
 #include "KOVISIPLColor/kernel/KernelSamples.h"
 
@@ -36,11 +36,10 @@ struct PairNames
     }
 };
 
-using AllPairs = testing::Types<SetPair<eInstructionSet::eIS_Generic, eInstructionSet::eIS_Generic>,
-                                SetPair<eInstructionSet::eIS_SSE2, eInstructionSet::eIS_SSE2>,
-                                SetPair<eInstructionSet::eIS_AVX, eInstructionSet::eIS_AVX>,
-                                SetPair<eInstructionSet::eIS_AVX2, eInstructionSet::eIS_AVX2>,
-                                SetPair<eInstructionSet::eIS_FMA3, eInstructionSet::eIS_AVX2>>;
+using AllPairs = testing::Types<
+    SetPair<eInstructionSet::eIS_Generic, eInstructionSet::eIS_Generic>,
+    SetPair<eInstructionSet::eIS_SSE2, eInstructionSet::eIS_SSE2>, SetPair<eInstructionSet::eIS_AVX, eInstructionSet::eIS_AVX>,
+    SetPair<eInstructionSet::eIS_AVX2, eInstructionSet::eIS_AVX2>, SetPair<eInstructionSet::eIS_FMA3, eInstructionSet::eIS_AVX2>>;
 using IntegerPairs = testing::Types<SetPair<eInstructionSet::eIS_Generic, eInstructionSet::eIS_Generic>,
                                     SetPair<eInstructionSet::eIS_SSE2, eInstructionSet::eIS_SSE2>,
                                     SetPair<eInstructionSet::eIS_AVX2, eInstructionSet::eIS_AVX2>,
@@ -54,12 +53,13 @@ unsigned int channelsOf(eColorGeometryType geometry, unsigned int userSizeC = 3)
 }
 
 template <class Pair, class Tin, class Tout>
-void convert(eColorGeometryType from, eColorGeometryType to, const std::vector<float>& matrix, PlaneSet<Tin>& in, PlaneSet<Tout>& out,
-             unsigned long count = g_count)
+void convert(eColorGeometryType from, eColorGeometryType to, const std::vector<float>& matrix, PlaneSet<Tin>& in,
+             PlaneSet<Tout>& out, unsigned long count = g_count)
 {
     convertPlanes<Tin, Tout, Pair::g_first, Pair::g_second>(
         ConversionStep(from, static_cast<unsigned int>(in.size()), BufferTypeOf<Tin>::g_value),
-        ConversionStep(to, static_cast<unsigned int>(out.size()), BufferTypeOf<Tout>::g_value), matrix, count, in.in(), out.out());
+        ConversionStep(to, static_cast<unsigned int>(out.size()), BufferTypeOf<Tout>::g_value), matrix, count, in.in(),
+        out.out());
 }
 
 std::vector<float> narrowed(eColorGeometryType from, eColorGeometryType to, eImageBufferType fromType, eImageBufferType toType)
@@ -106,7 +106,8 @@ bool isMissing(eColorGeometryType from, eColorGeometryType to)
     {
         return false;
     }
-    const ConversionChain chain = buildConversionChain(ConversionStep(from, channelsOf(from), eIBT_Real), ConversionStep(to, channelsOf(to), eIBT_Real));
+    const ConversionChain chain =
+        buildConversionChain(ConversionStep(from, channelsOf(from), eIBT_Real), ConversionStep(to, channelsOf(to), eIBT_Real));
     const std::set<eColorGeometryType> missing{eCGT_CieLab, eCGT_CieLuv, eCGT_HLS};
     for (std::size_t k = 0; k + 1 < chain.size(); ++k)
     {
@@ -225,7 +226,8 @@ TYPED_TEST(ConvertPlanes, LinearSpacesAreJoinedByThePlatformsMatrixNarrowedToFlo
             convert<TypeParam>(from, to, {}, in, out);
             const std::vector<float> matrix = narrowed(from, to, eIBT_Real, eIBT_Real);
             ASSERT_EQ(matrix.size(), channelsOf(to) * (channelsOf(from) + 1U));
-            modelLinear<float, float>(TypeParam::g_form, channelsOf(from), channelsOf(to), matrix.data(), g_count, in.in(), expected.out());
+            modelLinear<float, float>(TypeParam::g_form, channelsOf(from), channelsOf(to), matrix.data(), g_count, in.in(),
+                                      expected.out());
             expectSame(out, expected);
         }
     }
@@ -314,8 +316,9 @@ TYPED_TEST(ConvertPlanes, AShortUserMatrixEndsTheRunBeforeTheFirstLink)
         }
         catch (const KOVISIPLColorException& error)
         {
-            EXPECT_STREQ(error.what(), "the conversion matrix holds 7 values, but 3 input channels and 2 output channels need 8: one row per "
-                                       "output channel, with a value per input channel and an offset");
+            EXPECT_STREQ(error.what(),
+                         "the conversion matrix holds 7 values, but 3 input channels and 2 output channels need 8: one row per "
+                         "output channel, with a value per input channel and an offset");
         }
         expectSame(out, before);
         EXPECT_NO_THROW(convert<TypeParam>(from, eCGT_User, std::vector<float>(8, 1.0F), in, out));
@@ -370,10 +373,14 @@ TYPED_TEST(ConvertPlanes, AMissingFamilyIsNamed)
         }
         return "no exception";
     };
-    EXPECT_EQ(messageOf(eCGT_XYZ, eCGT_CieLab), "conversion from eCGT_XYZ to eCGT_CieLab needs the Lab kernels, which this version does not have");
-    EXPECT_EQ(messageOf(eCGT_CieLuv, eCGT_Rgb), "conversion from eCGT_CieLuv to eCGT_XYZ needs the Luv kernels, which this version does not have");
-    EXPECT_EQ(messageOf(eCGT_Rgb, eCGT_HLS), "conversion from eCGT_Rgb to eCGT_HLS needs the HLS kernels, which this version does not have");
-    EXPECT_EQ(messageOf(eCGT_Rgb, eCGT_XYZ), "conversion from eCGT_Rgb to eCGT_XYZ needs the sRGB kernels, which this version does not have");
+    EXPECT_EQ(messageOf(eCGT_XYZ, eCGT_CieLab),
+              "conversion from eCGT_XYZ to eCGT_CieLab needs the Lab kernels, which this version does not have");
+    EXPECT_EQ(messageOf(eCGT_CieLuv, eCGT_Rgb),
+              "conversion from eCGT_CieLuv to eCGT_XYZ needs the Luv kernels, which this version does not have");
+    EXPECT_EQ(messageOf(eCGT_Rgb, eCGT_HLS),
+              "conversion from eCGT_Rgb to eCGT_HLS needs the HLS kernels, which this version does not have");
+    EXPECT_EQ(messageOf(eCGT_Rgb, eCGT_XYZ),
+              "conversion from eCGT_Rgb to eCGT_XYZ needs the sRGB kernels, which this version does not have");
 }
 
 // The middle link of a chain of four runs in place: row 1 reads row 0's result, row 2 those of both.
@@ -387,8 +394,8 @@ TYPED_TEST(ConvertPlanes, ALinkOnEqualPlanesReadsBackWhatItWrote)
     const std::vector<float> matrix = narrowed(eCGT_XYZ, eCGT_Rgb, eIBT_Real, eIBT_Real);
     modelLinear<float, float>(TypeParam::g_form, 3, 3, matrix.data(), g_count, expected.in(), separate.out());
     modelLinear<float, float>(TypeParam::g_form, 3, 3, matrix.data(), g_count, expected.in(), expected.out());
-    processConversion<TypeParam::g_first, TypeParam::g_second, float, float>(eCGT_XYZ, 3, eIBT_Real, eCGT_Rgb, 3, eIBT_Real, {}, g_count,
-                                                                             planes.in(), planes.out());
+    processConversion<TypeParam::g_first, TypeParam::g_second, float, float>(eCGT_XYZ, 3, eIBT_Real, eCGT_Rgb, 3, eIBT_Real, {},
+                                                                             g_count, planes.in(), planes.out());
     expectSame(planes, expected);
     EXPECT_NE(std::memcmp(planes[1].data(), separate[1].data(), g_count * sizeof(float)), 0);
 }

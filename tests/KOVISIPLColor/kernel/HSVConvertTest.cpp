@@ -33,8 +33,9 @@ void compare(const ModelForm& form, void (*convert)(unsigned long, const Tin**, 
         for (unsigned int c = 0; c < 3; ++c)
         {
             const Tout expected = modelStore<Tout>(form, result[c]);
-            ASSERT_TRUE(sameValue(out[c][i], expected)) << "count " << count << ", channel " << c << ", element " << i << " (" << pixel[0] << ", "
-                                                        << pixel[1] << ", " << pixel[2] << "): " << +out[c][i] << " for " << +expected;
+            ASSERT_TRUE(sameValue(out[c][i], expected))
+                << "count " << count << ", channel " << c << ", element " << i << " (" << pixel[0] << ", " << pixel[1] << ", "
+                << pixel[2] << "): " << +out[c][i] << " for " << +expected;
         }
     }
 }

@@ -118,8 +118,8 @@ struct FormNames
 
 using AllForms = testing::Types<FormTag<simd::generic::Register>, FormTag<simd::sse2::Register>, FormTag<simd::avx::Register>,
                                 FormTag<simd::avx2::Register>, FormTag<simd::fma3_avx2::Register>>;
-using IntegerForms = testing::Types<FormTag<simd::generic::Register>, FormTag<simd::sse2::Register>, FormTag<simd::avx2::Register>,
-                                    FormTag<simd::fma3_avx2::Register>>;
+using IntegerForms = testing::Types<FormTag<simd::generic::Register>, FormTag<simd::sse2::Register>,
+                                    FormTag<simd::avx2::Register>, FormTag<simd::fma3_avx2::Register>>;
 
 /// Float to float, which every form serves.
 template <class Tag>
@@ -246,7 +246,8 @@ TYPED_TEST(IntegerKernelEdgeCase, ANaNStoresWhatTheFormSays)
     EXPECT_EQ((copyOf<Form, float, int>(nan)), bGreatest ? 2147483647 : std::numeric_limits<int>::min());
     EXPECT_EQ((copyOf<Form, float, unsigned int>(nan)), bGreatest ? 4294967295U : 0U);
     // A sum of infinities is a NaN as well.
-    EXPECT_EQ((linearOf<Form, float, unsigned char>(std::numeric_limits<float>::infinity(), 1.0F, -std::numeric_limits<float>::infinity())),
+    EXPECT_EQ((linearOf<Form, float, unsigned char>(std::numeric_limits<float>::infinity(), 1.0F,
+                                                    -std::numeric_limits<float>::infinity())),
               bGreatest ? 255 : 0);
 }
 
@@ -287,7 +288,7 @@ TYPED_TEST(FloatKernelEdgeCase, WritesWholeBlocksAndTheGenericFormExactlyTheCoun
     using Reach = std::array<unsigned long, 3>;
     const Reach expected = std::is_same_v<Form, simd::generic::Register> ? Reach{1, 16, 17}
                            : std::is_same_v<Form, simd::sse2::Register>  ? Reach{16, 16, 32}
-                                                                              : Reach{32, 32, 32};
+                                                                         : Reach{32, 32, 32};
     EXPECT_EQ((Reach{nbWritten<Form>(1), nbWritten<Form>(16), nbWritten<Form>(17)}), expected);
 }
 

@@ -49,22 +49,23 @@ const std::vector<float>& awkwardFloats()
 {
     static const std::vector<float> g_values = []
     {
-        std::vector<float> values{0.0F, -0.0F, 0.5F, -0.5F, 0.49F, -0.49F, 0.49999997F, -0.49999997F, 1.0F, -1.0F, 1.5F, -1.5F, 2.5F, 254.49F,
-                                  254.5F, 255.7F, 255.9F, 256.2F, -0.3F, -7.0F, -128.7F, 127.4F, 300.0F, 60.0F, 120.0F, 180.0F, 240.0F,
-                                  360.0F, 720.0F, -30.0F, -0.000001F, 3000000000.0F, -3000000000.0F};
-        for (float edge : {127.0F, 128.0F, 255.0F, 256.0F, 32767.0F, 32768.0F, 65535.0F, 65536.0F, 8388608.0F, 16777216.0F, 2147483648.0F,
-                           4294967296.0F, 3019898880.0F})
+        std::vector<float> values{
+            0.0F,   -0.0F, 0.5F,    -0.5F,  0.49F,  -0.49F, 0.49999997F, -0.49999997F, 1.0F,       -1.0F,         1.5F,
+            -1.5F,  2.5F,  254.49F, 254.5F, 255.7F, 255.9F, 256.2F,      -0.3F,        -7.0F,      -128.7F,       127.4F,
+            300.0F, 60.0F, 120.0F,  180.0F, 240.0F, 360.0F, 720.0F,      -30.0F,       -0.000001F, 3000000000.0F, -3000000000.0F};
+        for (float edge : {127.0F, 128.0F, 255.0F, 256.0F, 32767.0F, 32768.0F, 65535.0F, 65536.0F, 8388608.0F, 16777216.0F,
+                           2147483648.0F, 4294967296.0F, 3019898880.0F})
         {
             for (float sign : {1.0F, -1.0F})
             {
                 const float value = sign * edge;
-                values.insert(values.end(), {value, value + 0.5F, value - 0.5F, value + 0.25F, value - 0.75F, std::nextafterf(value, 0.0F),
-                                             std::nextafterf(value, sign * 1e30F)});
+                values.insert(values.end(), {value, value + 0.5F, value - 0.5F, value + 0.25F, value - 0.75F,
+                                             std::nextafterf(value, 0.0F), std::nextafterf(value, sign * 1e30F)});
             }
         }
         using Limits = std::numeric_limits<float>;
-        for (float value : {Limits::min(), Limits::denorm_min(), Limits::max(), Limits::infinity(), 1e-40F, 8388609.0F, 8388611.0F, 16777215.0F,
-                            1e20F, 3e38F})
+        for (float value : {Limits::min(), Limits::denorm_min(), Limits::max(), Limits::infinity(), 1e-40F, 8388609.0F,
+                            8388611.0F, 16777215.0F, 1e20F, 3e38F})
         {
             values.insert(values.end(), {value, -value});
         }

@@ -36,10 +36,36 @@ std::vector<T> makeSamples(std::size_t nbSamples, unsigned int stream)
     else
     {
         using Limits = std::numeric_limits<T>;
-        for (long long value : {0LL, 1LL, 2LL, -1LL, 127LL, 128LL, 255LL, 256LL, 32767LL, 32768LL, 65535LL, 65536LL, -128LL, -129LL, -32768LL,
-                                -32769LL, 16777215LL, 16777216LL, 16777217LL, 16777219LL, -16777217LL, 2147483647LL, 2147483648LL,
-                                2147483583LL, 2147483584LL, 4294967295LL, 4294967167LL, 4294967168LL,
-                                static_cast<long long>(Limits::min()), static_cast<long long>(Limits::max())})
+        for (long long value : {0LL,
+                                1LL,
+                                2LL,
+                                -1LL,
+                                127LL,
+                                128LL,
+                                255LL,
+                                256LL,
+                                32767LL,
+                                32768LL,
+                                65535LL,
+                                65536LL,
+                                -128LL,
+                                -129LL,
+                                -32768LL,
+                                -32769LL,
+                                16777215LL,
+                                16777216LL,
+                                16777217LL,
+                                16777219LL,
+                                -16777217LL,
+                                2147483647LL,
+                                2147483648LL,
+                                2147483583LL,
+                                2147483584LL,
+                                4294967295LL,
+                                4294967167LL,
+                                4294967168LL,
+                                static_cast<long long>(Limits::min()),
+                                static_cast<long long>(Limits::max())})
         {
             if (value >= static_cast<long long>(Limits::min()) && value <= static_cast<long long>(Limits::max()))
             {
@@ -57,11 +83,21 @@ std::vector<T> makeSamples(std::size_t nbSamples, unsigned int stream)
             float value = 0.0F;
             switch (random() % 5U)
             {
-            case 0: value = static_cast<float>(bits % 25600U) / 100.0F; break;
-            case 1: value = static_cast<float>(bits) / 4294967296.0F; break;
-            case 2: value = static_cast<float>(static_cast<std::int32_t>(bits)) / 2097152.0F; break;
-            case 3: value = static_cast<float>(bits % 256U); break;
-            default: std::memcpy(&value, &bits, sizeof(value)); break;
+            case 0:
+                value = static_cast<float>(bits % 25600U) / 100.0F;
+                break;
+            case 1:
+                value = static_cast<float>(bits) / 4294967296.0F;
+                break;
+            case 2:
+                value = static_cast<float>(static_cast<std::int32_t>(bits)) / 2097152.0F;
+                break;
+            case 3:
+                value = static_cast<float>(bits % 256U);
+                break;
+            default:
+                std::memcpy(&value, &bits, sizeof(value));
+                break;
             }
             samples.push_back(value);
         }

@@ -25,7 +25,8 @@ std::vector<float> makeMatrix(unsigned int inSizeC, unsigned int outSizeC, unsig
 template <class Register, class Tin, class Tout>
 struct LinearCheck
 {
-    static void compare(const ModelForm& form, unsigned int inSizeC, unsigned int outSizeC, const std::vector<float>& matrix, unsigned long count)
+    static void compare(const ModelForm& form, unsigned int inSizeC, unsigned int outSizeC, const std::vector<float>& matrix,
+                        unsigned long count)
     {
         const unsigned long reach = modelReach(form, count);
         PlaneSet<Tin> in(inSizeC, reach);
@@ -38,8 +39,9 @@ struct LinearCheck
         {
             for (unsigned long i = 0; i < reach; ++i)
             {
-                ASSERT_TRUE(sameValue(out[r][i], expected[r][i])) << inSizeC << " to " << outSizeC << " channels, count " << count << ", row " << r
-                                                                  << ", element " << i << ": " << +out[r][i] << " for " << +expected[r][i];
+                ASSERT_TRUE(sameValue(out[r][i], expected[r][i]))
+                    << inSizeC << " to " << outSizeC << " channels, count " << count << ", row " << r << ", element " << i << ": "
+                    << +out[r][i] << " for " << +expected[r][i];
             }
         }
     }
@@ -86,7 +88,8 @@ struct InPlaceCheck
                 {
                     for (unsigned long i = 0; i < reach; ++i)
                     {
-                        ASSERT_TRUE(sameValue(planes[r][i], expected[r][i])) << "count " << count << ", row " << r << ", element " << i;
+                        ASSERT_TRUE(sameValue(planes[r][i], expected[r][i]))
+                            << "count " << count << ", row " << r << ", element " << i;
                     }
                 }
             }

@@ -19,13 +19,13 @@ struct Register : avx::Register
 
     static KOVIS_SIMD_INLINE IntBlock loadInts(const unsigned char* from)
     {
-        return {{_mm256_cvtepu8_epi32(loadLow(from)), _mm256_cvtepu8_epi32(loadLow(from + 8)), _mm256_cvtepu8_epi32(loadLow(from + 16)),
-                 _mm256_cvtepu8_epi32(loadLow(from + 24))}};
+        return {{_mm256_cvtepu8_epi32(loadLow(from)), _mm256_cvtepu8_epi32(loadLow(from + 8)),
+                 _mm256_cvtepu8_epi32(loadLow(from + 16)), _mm256_cvtepu8_epi32(loadLow(from + 24))}};
     }
     static KOVIS_SIMD_INLINE IntBlock loadInts(const signed char* from)
     {
-        return {{_mm256_cvtepi8_epi32(loadLow(from)), _mm256_cvtepi8_epi32(loadLow(from + 8)), _mm256_cvtepi8_epi32(loadLow(from + 16)),
-                 _mm256_cvtepi8_epi32(loadLow(from + 24))}};
+        return {{_mm256_cvtepi8_epi32(loadLow(from)), _mm256_cvtepi8_epi32(loadLow(from + 8)),
+                 _mm256_cvtepi8_epi32(loadLow(from + 16)), _mm256_cvtepi8_epi32(loadLow(from + 24))}};
     }
     static KOVIS_SIMD_INLINE IntBlock loadInts(const unsigned short* from)
     {
@@ -59,10 +59,12 @@ struct Register : avx::Register
     static KOVIS_SIMD_INLINE Block load(const T* from)
     {
         const IntBlock ints = loadInts(from);
-        return {{toFloat(ints.m_register[0]), toFloat(ints.m_register[1]), toFloat(ints.m_register[2]), toFloat(ints.m_register[3])}};
+        return {
+            {toFloat(ints.m_register[0]), toFloat(ints.m_register[1]), toFloat(ints.m_register[2]), toFloat(ints.m_register[3])}};
     }
 
-    // The stores of integers saturate to the target's range. Packs work within 128-bit halves, so the lanes are put in order after.
+    // The stores of integers saturate to the target's range. Packs work within 128-bit halves, so the lanes are put in order
+    // after.
 
     static KOVIS_SIMD_INLINE void storeInts(signed char* to, const IntBlock& block, const Limits&)
     {

@@ -32,8 +32,10 @@ struct Register
     template <class T>
     static KOVIS_SIMD_INLINE Limits limits()
     {
-        return {_mm256_set1_pd(static_cast<double>(NumericLimits<T>::s_min)), _mm256_set1_pd(static_cast<double>(NumericLimits<T>::s_max)),
-                _mm256_set1_ps(static_cast<float>(NumericLimits<T>::s_min)), _mm256_set1_ps(static_cast<float>(NumericLimits<T>::s_max))};
+        return {_mm256_set1_pd(static_cast<double>(NumericLimits<T>::s_min)),
+                _mm256_set1_pd(static_cast<double>(NumericLimits<T>::s_max)),
+                _mm256_set1_ps(static_cast<float>(NumericLimits<T>::s_min)),
+                _mm256_set1_ps(static_cast<float>(NumericLimits<T>::s_max))};
     }
 
     static KOVIS_SIMD_INLINE Float broadcast(float value) { return _mm256_set1_ps(value); }

@@ -38,8 +38,9 @@ struct Register
     template <class T>
     static KOVIS_SIMD_INLINE Limits limits()
     {
-        return {_mm_set1_pd(static_cast<double>(NumericLimits<T>::s_min)), _mm_set1_pd(static_cast<double>(NumericLimits<T>::s_max)),
-                _mm_set1_ps(static_cast<float>(NumericLimits<T>::s_min)), _mm_set1_ps(static_cast<float>(NumericLimits<T>::s_max))};
+        return {
+            _mm_set1_pd(static_cast<double>(NumericLimits<T>::s_min)), _mm_set1_pd(static_cast<double>(NumericLimits<T>::s_max)),
+            _mm_set1_ps(static_cast<float>(NumericLimits<T>::s_min)), _mm_set1_ps(static_cast<float>(NumericLimits<T>::s_max))};
     }
 
     static KOVIS_SIMD_INLINE Float broadcast(float value) { return _mm_set1_ps(value); }
@@ -67,7 +68,10 @@ struct Register
     static KOVIS_SIMD_INLINE Mask both(Mask a, Mask b) { return _mm_and_ps(a, b); }
     static KOVIS_SIMD_INLINE Mask either(Mask a, Mask b) { return _mm_or_ps(a, b); }
     /// a where the mask is set, b elsewhere.
-    static KOVIS_SIMD_INLINE Float select(Mask mask, Float a, Float b) { return _mm_or_ps(_mm_and_ps(mask, a), _mm_andnot_ps(mask, b)); }
+    static KOVIS_SIMD_INLINE Float select(Mask mask, Float a, Float b)
+    {
+        return _mm_or_ps(_mm_and_ps(mask, a), _mm_andnot_ps(mask, b));
+    }
 
     /// floor by adding and taking away 2 to the power 23 with the sign of q: exact below that magnitude.
     static KOVIS_SIMD_INLINE Float floor(Float q)
@@ -141,7 +145,8 @@ struct Register
     static KOVIS_SIMD_INLINE Block load(const T* from)
     {
         const IntBlock ints = loadInts(from);
-        return {{toFloat(ints.m_register[0]), toFloat(ints.m_register[1]), toFloat(ints.m_register[2]), toFloat(ints.m_register[3])}};
+        return {
+            {toFloat(ints.m_register[0]), toFloat(ints.m_register[1]), toFloat(ints.m_register[2]), toFloat(ints.m_register[3])}};
     }
 
     static KOVIS_SIMD_INLINE void store(float* to, const Block& block)
@@ -253,7 +258,8 @@ private:
         const __m128d upper = _mm_cmpge_pd(t, half);
         const Int truncated = _mm_cvttpd_epi32(_mm_sub_pd(t, _mm_and_pd(upper, half)));
         const Int upperLanes = _mm_shuffle_epi32(_mm_castpd_si128(upper), _MM_SHUFFLE(3, 3, 2, 0));
-        const Int added = _mm_and_si128(upperLanes, _mm_set_epi32(0, 0, static_cast<int>(0x80000000U), static_cast<int>(0x80000000U)));
+        const Int added =
+            _mm_and_si128(upperLanes, _mm_set_epi32(0, 0, static_cast<int>(0x80000000U), static_cast<int>(0x80000000U)));
         return _mm_add_epi32(truncated, added);
     }
 

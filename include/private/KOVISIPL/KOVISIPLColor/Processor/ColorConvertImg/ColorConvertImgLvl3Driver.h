@@ -49,8 +49,8 @@ ProcessingResult<bool> ColorConvertImgLvl3::genericProcessFunction(const process
         out[c] = outParser.accessBuffer(c);
     }
 
-    convertPlanes<Tin, Tout, A, B>(input, output, m_inColorConversionTransform->getDataItemNode().getMatrix(), info.m_nbElements, in.get(),
-                                   out.get());
+    convertPlanes<Tin, Tout, A, B>(input, output, m_inColorConversionTransform->getDataItemNode().getMatrix(), info.m_nbElements,
+                                   in.get(), out.get());
     return ProcessingResult<bool>(true);
 }
 } // namespace kovis::imaproc::color

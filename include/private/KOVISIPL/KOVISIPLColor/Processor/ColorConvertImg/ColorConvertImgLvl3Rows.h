@@ -18,11 +18,11 @@ namespace kovis::imaproc::color::details
 /// The element type of a buffer type.
 template <int bufferType>
 struct ElementOf;
-#define KOVIS_ELEMENT_OF(VALUE, TYPE) \
-    template <>                       \
-    struct ElementOf<VALUE>           \
-    {                                 \
-        using Type = TYPE;            \
+#define KOVIS_ELEMENT_OF(VALUE, TYPE)                                                                                            \
+    template <>                                                                                                                  \
+    struct ElementOf<VALUE>                                                                                                      \
+    {                                                                                                                            \
+        using Type = TYPE;                                                                                                       \
     };
 KOVIS_ELEMENT_OF(1, signed char)
 KOVIS_ELEMENT_OF(2, unsigned char)
@@ -37,12 +37,16 @@ KOVIS_ELEMENT_OF(10, unsigned int)
 KOVIS_ELEMENT_OF(11, unsigned char)
 #undef KOVIS_ELEMENT_OF
 
-/// Enters the rows of one form into the kernel table of ColorConvertImgLvl3. A row that is refused is left out and told in the log.
+/// Enters the rows of one form into the kernel table of ColorConvertImgLvl3. A row that is refused is left out and told in the
+/// log.
 template <eInstructionSet::domain A, eInstructionSet::domain B>
 class RowRegistrator
 {
 public:
-    explicit RowRegistrator(const SourcePlace& place) : m_place(place), m_selector(ColorConvertImgLvl3::retrieveFunctionSelector()) {}
+    explicit RowRegistrator(const SourcePlace& place)
+        : m_place(place), m_selector(ColorConvertImgLvl3::retrieveFunctionSelector())
+    {
+    }
     ~RowRegistrator() = default;
     RowRegistrator(const RowRegistrator&) = delete;
     RowRegistrator& operator=(const RowRegistrator&) = delete;

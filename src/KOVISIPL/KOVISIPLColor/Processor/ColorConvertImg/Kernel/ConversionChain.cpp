@@ -12,10 +12,13 @@ eColorGeometryType getHub(eColorGeometryType geometry)
     switch (geometry)
     {
     case eCGT_CieLab:
-    case eCGT_CieLuv: return eCGT_XYZ;
+    case eCGT_CieLuv:
+        return eCGT_XYZ;
     case eCGT_HLS:
-    case eCGT_HSV: return eCGT_Rgb;
-    default: return eCGT_User;
+    case eCGT_HSV:
+        return eCGT_Rgb;
+    default:
+        return eCGT_User;
     }
 }
 } // namespace

@@ -10,7 +10,8 @@ namespace
 {
 constexpr const char* g_file = "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3";
 constexpr const char* g_function =
-    "kovis::ProcessingResult<bool> kovis::imaproc::color::ColorConvertImgLvl3::genericProcessFunction(const kovis::processor::ProcessingInfo&)";
+    "kovis::ProcessingResult<bool> kovis::imaproc::color::ColorConvertImgLvl3::genericProcessFunction(const "
+    "kovis::processor::ProcessingInfo&)";
 
 [[noreturn]] void throwConversionError(const std::string& message, unsigned int line)
 {
@@ -20,8 +21,9 @@ constexpr const char* g_function =
 
 void throwMissingKernels(const image::eColorGeometryType& from, const image::eColorGeometryType& to, const char* family)
 {
-    throwConversionError(std::string("conversion from ") + image::getColorGeometryTypeName(from) + " to " + image::getColorGeometryTypeName(to) +
-                             " needs the " + family + " kernels, which this version does not have",
+    throwConversionError(std::string("conversion from ") + image::getColorGeometryTypeName(from) + " to " +
+                             image::getColorGeometryTypeName(to) + " needs the " + family +
+                             " kernels, which this version does not have",
                          __LINE__);
 }
 
@@ -36,6 +38,7 @@ void throwShortMatrix(std::size_t nbValues, unsigned int inSizeC, unsigned int o
 
 void throwUnboundStrip()
 {
-    throwConversionError("the strips of ColorConvertImgLvl3 must be bound to parsers of their element types before a kernel runs", __LINE__);
+    throwConversionError("the strips of ColorConvertImgLvl3 must be bound to parsers of their element types before a kernel runs",
+                         __LINE__);
 }
 } // namespace kovis::imaproc::color

@@ -11,14 +11,15 @@
 namespace kovis::imaproc::color::kernel
 {
 template <class Register, class Tin, class Tout>
-void linearConvert(unsigned int inSizeC, unsigned int outSizeC, const float* matrix, unsigned long count, const Tin** in, Tout** out);
+void linearConvert(unsigned int inSizeC, unsigned int outSizeC, const float* matrix, unsigned long count, const Tin** in,
+                   Tout** out);
 
 template <class Register, class Tin, class Tout>
 void copyConvert(unsigned int sizeC, unsigned long count, const Tin** in, Tout** out);
 
 template <class Register, class Tin, class Tout>
-void fromRGBToHSVConvert(unsigned long count, const Tin** in, Tout** out);
+void fromRGBToHSVConvert(unsigned long count, const Tin** inPlanes, Tout** outPlanes);
 
 template <class Register, class Tin, class Tout>
-void fromHSVToRGBConvert(unsigned long count, const Tin** in, Tout** out);
+void fromHSVToRGBConvert(unsigned long count, const Tin** inPlanes, Tout** outPlanes);
 } // namespace kovis::imaproc::color::kernel

@@ -29,12 +29,13 @@ inline void checkUserMatrix(const ConversionChain& chain, const std::vector<floa
 
 /// One link: from entry k of the chain to the next.
 template <eInstructionSet::domain ISA1, eInstructionSet::domain ISA2, class Tin, class Tout>
-void processLink(const ConversionChain& chain, std::size_t k, const std::vector<float>& matrix, unsigned long count, const Tin** in, Tout** out)
+void processLink(const ConversionChain& chain, std::size_t k, const std::vector<float>& matrix, unsigned long count,
+                 const Tin** in, Tout** out)
 {
     const ConversionStep& from = chain[k];
     const ConversionStep& to = chain[k + 1];
-    processConversion<ISA1, ISA2, Tin, Tout>(from.get<0>(), from.get<1>(), from.get<2>(), to.get<0>(), to.get<1>(), to.get<2>(), matrix,
-                                             count, in, out);
+    processConversion<ISA1, ISA2, Tin, Tout>(from.get<0>(), from.get<1>(), from.get<2>(), to.get<0>(), to.get<1>(), to.get<2>(),
+                                             matrix, count, in, out);
 }
 
 /// Converts count pixels from the planes of the input to those of the output. Equal geometries other than User are a copy by
@@ -42,8 +43,8 @@ void processLink(const ConversionChain& chain, std::size_t k, const std::vector<
 /// apart without padding, so that a vector form needs a count that is a multiple of 32 for chains of three entries and more.
 /// A middle link runs in place on the working planes. Throws what the chain's links throw; planes written stay written.
 template <class Tin, class Tout, eInstructionSet::domain ISA1, eInstructionSet::domain ISA2>
-void convertPlanes(const ConversionStep& input, const ConversionStep& output, const std::vector<float>& matrix, unsigned long count,
-                   const Tin** in, Tout** out)
+void convertPlanes(const ConversionStep& input, const ConversionStep& output, const std::vector<float>& matrix,
+                   unsigned long count, const Tin** in, Tout** out)
 {
     if (input.get<0>() == output.get<0>() && input.get<0>() != image::eCGT_User)
     {

@@ -43,7 +43,10 @@ struct CopyCast<Register, T, T>
 template <class Register>
 struct CopyCast<Register, float, float>
 {
-    static KOVIS_SIMD_INLINE void run(const float* from, float* to, const typename Register::Limits&) { Register::copy(from, to); }
+    static KOVIS_SIMD_INLINE void run(const float* from, float* to, const typename Register::Limits&)
+    {
+        Register::copy(from, to);
+    }
 };
 
 /// Copies sizeC planes between equal geometries. Blocks outside, planes inside; whole blocks up to the block's end past count.
@@ -61,5 +64,5 @@ void copyConvert(unsigned int sizeC, unsigned long count, const Tin** in, Tout**
 }
 } // namespace kovis::imaproc::color::kernel
 
-#define KOVIS_INSTANTIATE_COPY_CONVERT(REGISTER, TIN, TOUT)                                              \
+#define KOVIS_INSTANTIATE_COPY_CONVERT(REGISTER, TIN, TOUT)                                                                      \
     template void copyConvert<REGISTER, TIN, TOUT>(unsigned int, unsigned long, const TIN**, TOUT**);

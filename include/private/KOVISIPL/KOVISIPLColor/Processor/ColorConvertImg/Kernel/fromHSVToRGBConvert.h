@@ -10,16 +10,16 @@ namespace kovis::imaproc::color::kernel
 /// Planes H (degrees, any value), S and V to planes R, G, B in the units of V. Works in whole blocks up to the block's end past
 /// count.
 template <class Register, class Tin, class Tout>
-void fromHSVToRGBConvert(unsigned long count, const Tin** in, Tout** out)
+void fromHSVToRGBConvert(unsigned long count, const Tin** inPlanes, Tout** outPlanes)
 {
     using Float = typename Register::Float;
     using Block = typename Register::Block;
     const typename Register::Limits limits = Register::template limits<Tout>();
     for (unsigned long i = 0; i < count; i += Register::s_blockLength)
     {
-        const Block hue = Register::load(in[0] + i);
-        const Block saturation = Register::load(in[1] + i);
-        const Block value = Register::load(in[2] + i);
+        const Block hue = Register::load(inPlanes[0] + i);
+        const Block saturation = Register::load(inPlanes[1] + i);
+        const Block value = Register::load(inPlanes[2] + i);
         Block red;
         Block green;
         Block blue;
@@ -37,12 +37,12 @@ void fromHSVToRGBConvert(unsigned long count, const Tin** in, Tout** out)
             green.m_register[k] = Register::add(g, m);
             blue.m_register[k] = Register::add(b, m);
         }
-        StorePixels<Register, Tout>::run(out[0] + i, red, limits);
-        StorePixels<Register, Tout>::run(out[1] + i, green, limits);
-        StorePixels<Register, Tout>::run(out[2] + i, blue, limits);
+        StorePixels<Register, Tout>::run(outPlanes[0] + i, red, limits);
+        StorePixels<Register, Tout>::run(outPlanes[1] + i, green, limits);
+        StorePixels<Register, Tout>::run(outPlanes[2] + i, blue, limits);
     }
 }
 } // namespace kovis::imaproc::color::kernel
 
-#define KOVIS_INSTANTIATE_FROM_HSV_TO_RGB_CONVERT(REGISTER, TIN, TOUT)                                  \
+#define KOVIS_INSTANTIATE_FROM_HSV_TO_RGB_CONVERT(REGISTER, TIN, TOUT)                                                           \
     template void fromHSVToRGBConvert<REGISTER, TIN, TOUT>(unsigned long, const TIN**, TOUT**);

@@ -10,7 +10,7 @@ namespace kovis::imaproc::color::kernel
 /// Planes R, G, B to planes H (degrees, 0 to 360), S (chroma over value) and V (the greatest channel, in the input's units).
 /// Works in whole blocks up to the block's end past count.
 template <class Register, class Tin, class Tout>
-void fromRGBToHSVConvert(unsigned long count, const Tin** in, Tout** out)
+void fromRGBToHSVConvert(unsigned long count, const Tin** inPlanes, Tout** outPlanes)
 {
     using Float = typename Register::Float;
     using Block = typename Register::Block;
@@ -19,9 +19,9 @@ void fromRGBToHSVConvert(unsigned long count, const Tin** in, Tout** out)
     const Float one = Register::broadcast(1.0F);
     for (unsigned long i = 0; i < count; i += Register::s_blockLength)
     {
-        const Block red = Register::load(in[0] + i);
-        const Block green = Register::load(in[1] + i);
-        const Block blue = Register::load(in[2] + i);
+        const Block red = Register::load(inPlanes[0] + i);
+        const Block green = Register::load(inPlanes[1] + i);
+        const Block blue = Register::load(inPlanes[2] + i);
         Block hue;
         Block saturation;
         Block value;
@@ -39,12 +39,12 @@ void fromRGBToHSVConvert(unsigned long count, const Tin** in, Tout** out)
             const typename Register::Mask black = Register::equal(mx, zero);
             saturation.m_register[k] = Register::select(black, zero, Register::div(delta, Register::select(black, one, mx)));
         }
-        StorePixels<Register, Tout>::run(out[0] + i, hue, limits);
-        StorePixels<Register, Tout>::run(out[2] + i, value, limits);
-        StorePixels<Register, Tout>::run(out[1] + i, saturation, limits);
+        StorePixels<Register, Tout>::run(outPlanes[0] + i, hue, limits);
+        StorePixels<Register, Tout>::run(outPlanes[2] + i, value, limits);
+        StorePixels<Register, Tout>::run(outPlanes[1] + i, saturation, limits);
     }
 }
 } // namespace kovis::imaproc::color::kernel
 
-#define KOVIS_INSTANTIATE_FROM_RGB_TO_HSV_CONVERT(REGISTER, TIN, TOUT)                                  \
+#define KOVIS_INSTANTIATE_FROM_RGB_TO_HSV_CONVERT(REGISTER, TIN, TOUT)                                                           \
     template void fromRGBToHSVConvert<REGISTER, TIN, TOUT>(unsigned long, const TIN**, TOUT**);

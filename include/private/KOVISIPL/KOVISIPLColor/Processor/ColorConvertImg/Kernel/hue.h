@@ -16,8 +16,9 @@ KOVIS_SIMD_INLINE typename Register::Float clampHue(typename Register::Float hue
 /// Hue in degrees, 0 to 360, of a pixel with the greatest channel mx and delta = mx - least channel. Blue wins a tie over green,
 /// and green over red. A pixel without a hue gives 0.
 template <class Register>
-KOVIS_SIMD_INLINE typename Register::Float hueFromRGB(typename Register::Float r, typename Register::Float g, typename Register::Float b,
-                                                      typename Register::Float mx, typename Register::Float delta)
+KOVIS_SIMD_INLINE typename Register::Float hueFromRGB(typename Register::Float r, typename Register::Float g,
+                                                      typename Register::Float b, typename Register::Float mx,
+                                                      typename Register::Float delta)
 {
     using Float = typename Register::Float;
     const Float zero = Register::broadcast(0.0F);
@@ -26,8 +27,10 @@ KOVIS_SIMD_INLINE typename Register::Float hueFromRGB(typename Register::Float r
     const Float d = Register::select(achromatic, Register::broadcast(1.0F), delta);
 
     Float e = Register::div(Register::sub(g, b), d);
-    e = Register::select(Register::equal(g, mx), Register::add(Register::div(Register::sub(b, r), d), Register::broadcast(2.0F)), e);
-    e = Register::select(Register::equal(b, mx), Register::add(Register::div(Register::sub(r, g), d), Register::broadcast(4.0F)), e);
+    e = Register::select(Register::equal(g, mx), Register::add(Register::div(Register::sub(b, r), d), Register::broadcast(2.0F)),
+                         e);
+    e = Register::select(Register::equal(b, mx), Register::add(Register::div(Register::sub(r, g), d), Register::broadcast(4.0F)),
+                         e);
     e = Register::select(achromatic, zero, e);
 
     const Float h60 = Register::mul(e, Register::broadcast(60.0F));
@@ -59,8 +62,7 @@ KOVIS_SIMD_INLINE void partsFromHue(typename Register::Float h, typename Registe
     const typename Register::Mask to3 = Register::lessEqual(hs, Register::broadcast(3.0F));
     const typename Register::Mask to4 = Register::lessEqual(hs, Register::broadcast(4.0F));
     const typename Register::Mask to5 = Register::lessEqual(hs, Register::broadcast(5.0F));
-    r = Register::select(to1, chroma,
-                         Register::select(to2, x, Register::select(to4, zero, Register::select(to5, x, chroma))));
+    r = Register::select(to1, chroma, Register::select(to2, x, Register::select(to4, zero, Register::select(to5, x, chroma))));
     g = Register::select(to1, x, Register::select(to3, chroma, Register::select(to4, x, zero)));
     b = Register::select(to2, zero, Register::select(to3, x, Register::select(to5, chroma, x)));
 }

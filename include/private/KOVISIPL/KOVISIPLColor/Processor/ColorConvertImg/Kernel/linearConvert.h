@@ -10,7 +10,8 @@ namespace kovis::imaproc::color::kernel
 /// offset. Works in whole blocks up to the block's end past count. A row is stored before the next one reads its input, and
 /// input is loaded anew for each row: planes may be the same on both sides, and then a row sees what the rows before it wrote.
 template <class Register, class Tin, class Tout>
-void linearConvert(unsigned int inSizeC, unsigned int outSizeC, const float* matrix, unsigned long count, const Tin** in, Tout** out)
+void linearConvert(unsigned int inSizeC, unsigned int outSizeC, const float* matrix, unsigned long count, const Tin** in,
+                   Tout** out)
 {
     const typename Register::Limits limits = Register::template limits<Tout>();
     for (unsigned long i = 0; i < count; i += Register::s_blockLength)
@@ -42,5 +43,6 @@ void linearConvert(unsigned int inSizeC, unsigned int outSizeC, const float* mat
 }
 } // namespace kovis::imaproc::color::kernel
 
-#define KOVIS_INSTANTIATE_LINEAR_CONVERT(REGISTER, TIN, TOUT)                                                                       \
-    template void linearConvert<REGISTER, TIN, TOUT>(unsigned int, unsigned int, const float*, unsigned long, const TIN**, TOUT**);
+#define KOVIS_INSTANTIATE_LINEAR_CONVERT(REGISTER, TIN, TOUT)                                                                    \
+    template void linearConvert<REGISTER, TIN, TOUT>(unsigned int, unsigned int, const float*, unsigned long, const TIN**,       \
+                                                     TOUT**);
