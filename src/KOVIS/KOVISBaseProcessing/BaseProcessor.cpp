@@ -119,19 +119,9 @@ BoolResult BaseProcessor::read(BaseIArchive&)
 
 void BaseProcessor::globalCleanDerived()
 {
-    clearInputData();
-    clearOutputData();
-}
-
-void BaseProcessor::cleanOnErrorDerived(const eCleanReason&)
-{
-    for (const MadeOutput& made : m_madeOutputs)
+    for (const auto& attribute : m_attributes)
     {
-        // What the caller has set since then is the caller's.
-        if (made.m_attribute->getNbChanges() == made.m_nbChanges)
-        {
-            made.m_attribute->clear();
-        }
+        attribute->clear();
     }
     m_madeOutputs.clear();
 }
@@ -155,23 +145,26 @@ BoolResult BaseProcessor::syncOutputDataDerived(const Guid&)
 
 void BaseProcessor::clearInputData()
 {
-    clearAttributes(false);
-}
-
-void BaseProcessor::clearOutputData()
-{
-    clearAttributes(true);
-}
-
-void BaseProcessor::clearAttributes(bool bOutputs)
-{
     for (const auto& attribute : m_attributes)
     {
-        if (attribute->isOutput() == bOutputs)
+        if (!attribute->isOutput())
         {
             attribute->clear();
         }
     }
+}
+
+void BaseProcessor::clearOutputData()
+{
+    for (const MadeOutput& made : m_madeOutputs)
+    {
+        // What the caller has set since then is the caller's.
+        if (made.m_attribute->getNbChanges() == made.m_nbChanges)
+        {
+            made.m_attribute->clear();
+        }
+    }
+    m_madeOutputs.clear();
 }
 
 BoolResult BaseProcessor::initProcess()

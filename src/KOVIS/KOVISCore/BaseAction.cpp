@@ -121,7 +121,10 @@ BoolResult BaseAction::getRunResult() const
     return toResult(outcome, *this);
 }
 
-void BaseAction::cleanOnErrorDerived(const eCleanReason&) {}
+void BaseAction::cleanOnErrorDerived(const eCleanReason&)
+{
+    clearOutputData();
+}
 
 void BaseAction::requestCancellationdDerived() {}
 

@@ -65,11 +65,11 @@ protected:
 
     /// Drops the values of all attributes.
     void globalCleanDerived() override;
-    /// Takes out what initializers of this run made.
-    void cleanOnErrorDerived(const eCleanReason& reason) override;
     BoolResult syncInputDataDerived(const Guid& computer) override;
     BoolResult syncOutputDataDerived(const Guid& computer) override;
+    /// Drops the values of all inputs.
     void clearInputData() override;
+    /// Takes out what initializers of this run made, unless it has been replaced since. Called when a run failed or was cancelled.
     void clearOutputData() override;
 
     /// Checks inputs, makes outputs, tests the rule. First thing of a run.
@@ -98,7 +98,6 @@ private:
 
     BoolResult checkInputs() const;
     BoolResult makeOutputs();
-    void clearAttributes(bool bOutputs);
 
     std::vector<MadeOutput> m_madeOutputs;
     bool m_bInitialised = false;

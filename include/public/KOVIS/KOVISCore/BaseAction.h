@@ -85,7 +85,7 @@ protected:
     // The hooks, in the order of their slots.
     virtual bool isComplexAction() const = 0;
     virtual void globalCleanDerived() = 0;
-    /// Called once when the run ends as failed or cancelled, on the thread of the run.
+    /// Called once when the run ends as failed or cancelled, on the thread of the run. Calls clearOutputData here.
     virtual void cleanOnErrorDerived(const eCleanReason& reason);
     /// The work. Failure is a false result with a message or an exception.
     virtual BoolResult runDerived() = 0;
@@ -97,6 +97,7 @@ protected:
     virtual BoolResult syncOutputDataDerived(const Guid& computer) = 0;
     virtual void clearInputData() = 0;
     virtual void clearIntermediateData();
+    /// Drops the output data that the run has made; what its caller gave stays.
     virtual void clearOutputData() = 0;
 
     /// This action's part in the run; only inside the hooks of a run (outside it throws KOVISCoreException). Nested work is given
