@@ -91,6 +91,27 @@ TEST(WholeBlockStrips, mayBeEmpty)
     EXPECT_EQ(64u, first.getNbExactElements());
 }
 
+// Staged or not, a strip tells where its elements lie in the image.
+TEST(WholeBlockStrips, tellTheirPlaceInTheImage)
+{
+    std::vector<unsigned short> memory(30);
+    HomogeneousImageGeometry geometry;
+    geometry.init(VolumeGeometry(), ColorGeometry(), TemporalGeometry(), 10, 3, eIBT_UInt16);
+    const auto image = wrapImage(geometry, {memory.data()}, nullptr);
+    const InputImageYStripColor2d staged(image, ElementsRange(0, 30), eStripElements::wholeBlocks);
+    EXPECT_NE(memory.data(), staged.getPlane(0));
+    EXPECT_EQ(memory.data(), staged.getSourceAddress(0));
+    const auto row = makeOutputStrip(image, 1, 1);
+    EXPECT_NE(memory.data() + 10, row->getPlane(0));
+    EXPECT_EQ(memory.data() + 10, row->getSourceAddress(0));
+
+    const auto own = createImage2d(100, 2, eCGT_Rgb, eIBT_UInt8);
+    const InputImageYStripColor2d direct(own, ElementsRange(100, 200), eStripElements::wholeBlocks);
+    EXPECT_EQ(planeData<unsigned char>(own, 2) + 128, direct.getSourceAddress(2));
+    EXPECT_EQ("The index 3 of the channel is out of range: it must be below 3",
+              getImageError([&] { (void)direct.getSourceAddress(3); }));
+}
+
 // A range inside a row, for rows that are too wide for one strip.
 TEST(WholeBlockStrips, mayBeAPartOfARow)
 {

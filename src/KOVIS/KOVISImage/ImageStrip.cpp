@@ -146,15 +146,29 @@ void BaseImageYStrip::bindPlanes()
     }
 }
 
-void* BaseImageYStrip::getPlaneAddress(unsigned long channel) const
+void BaseImageYStrip::checkChannel(unsigned long channel, const char* function, unsigned int line) const
 {
     if (channel >= m_planes.size())
     {
-        throwImageMessage(eImageMessage::eIM_IndexOutOfRange,
-                          {"void* kovis::image::BaseImageYStrip::getPlaneAddress(unsigned long) const",
-                           "KOVIS/KOVISImage/ImageStrip.cpp", __LINE__},
-                          "channel", channel, m_planes.size());
+        throwImageMessage(eImageMessage::eIM_IndexOutOfRange, {function, "KOVIS/KOVISImage/ImageStrip.cpp", line}, "channel",
+                          channel, m_planes.size());
     }
+}
+
+const void* BaseImageYStrip::getSourceAddress(unsigned long channel) const
+{
+    checkChannel(channel, "const void* kovis::image::BaseImageYStrip::getSourceAddress(unsigned long) const", __LINE__);
+    if (m_staging[channel] == nullptr)
+    {
+        return m_planes[channel];
+    }
+    const HostImage& image = detail::getHostImage(*m_image, getConstructorPlace(__LINE__));
+    return getElement(image.getPlane(channel, 0, 0), m_firstElement, getElementSize(image.getBufferType()));
+}
+
+void* BaseImageYStrip::getPlaneAddress(unsigned long channel) const
+{
+    checkChannel(channel, "void* kovis::image::BaseImageYStrip::getPlaneAddress(unsigned long) const", __LINE__);
     return m_planes[channel];
 }
 

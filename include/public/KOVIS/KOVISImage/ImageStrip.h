@@ -54,6 +54,9 @@ public:
     unsigned long getNbExactElements() const { return m_nbExactElements; }
     /// Where the strip's first element lies in the image's planes.
     unsigned long getFirstElement() const { return m_firstElement; }
+    /// Where the strip's first element of a channel lies in the image's own plane, staged or not: two strips of one memory give
+    /// the same address. Throws KOVISImageException for a channel out of range.
+    const void* getSourceAddress(unsigned long channel) const;
 
 protected:
     /// `range` is a range of elements of the planes of a 2D image: the rows that the strip is made of, one after the other, or a
@@ -67,6 +70,7 @@ protected:
 
 private:
     void bindPlanes();
+    void checkChannel(unsigned long channel, const char* function, unsigned int line) const;
 
     boost::shared_ptr<const BaseImage> m_image;
     unsigned long m_firstElement = 0;

@@ -24,6 +24,32 @@ RawYStripUserColor2dParser<T, A>& accessParser(const boost::shared_ptr<processor
     }
     return *typed;
 }
+
+/// Gives an input channel that shows the memory of an output channel the output's run. Each strip stages by itself what has no
+/// room past its end, and a row would then read the channel as it was, and not what the rows before it wrote.
+template <class Tin, class Tout>
+void shareStaging(const image::BaseImageYStripColor2d& inStrip, const image::BaseImageYStripColor2d& outStrip, const Tin** in,
+                  Tout** out)
+{
+    if constexpr (sizeof(Tin) == sizeof(Tout))
+    {
+        if (inStrip.getNbElements() != outStrip.getNbElements())
+        {
+            return;
+        }
+        for (unsigned long c = 0; c < inStrip.getSizeC(); ++c)
+        {
+            const void* const source = inStrip.getSourceAddress(c);
+            for (unsigned long o = 0; o < outStrip.getSizeC(); ++o)
+            {
+                if (outStrip.getSourceAddress(o) == source)
+                {
+                    in[c] = reinterpret_cast<const Tin*>(out[o]);
+                }
+            }
+        }
+    }
+}
 } // namespace details
 
 template <class Tin, class Tout, eInstructionSet::domain A, eInstructionSet::domain B>
@@ -49,6 +75,7 @@ ProcessingResult<bool> ColorConvertImgLvl3::genericProcessFunction(const process
         out[c] = outParser.accessBuffer(c);
     }
 
+    details::shareStaging(inStrip, outStrip, in.get(), out.get());
     convertPlanes<Tin, Tout, A, B>(input, output, m_inColorConversionTransform->getDataItemNode().getMatrix(), info.m_nbElements,
                                    in.get(), out.get());
     return ProcessingResult<bool>(true);
