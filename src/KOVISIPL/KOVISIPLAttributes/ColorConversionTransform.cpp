@@ -7,7 +7,10 @@ namespace kovis::imaproc::attr
 ColorConversionTransform::ColorConversionTransform() : m_target("target", image::eCGT_Grey), m_matrix("matrix") {}
 ColorConversionTransform::~ColorConversionTransform() = default;
 
-image::eColorGeometryType ColorConversionTransform::getTargetGeometry() const { return image::toColorGeometryType(m_target.getValue()); }
+image::eColorGeometryType ColorConversionTransform::getTargetGeometry() const
+{
+    return image::toColorGeometryType(m_target.getValue());
+}
 
 boost::shared_ptr<ColorConversionTransform> createColorConversionTransform(const image::eColorGeometryType& target)
 {

@@ -6,7 +6,10 @@ namespace kovis::imaproc::attr
 {
 KOVIS_DEFINE_ATTRIBUTE(InColorConversionTransform, "Color conversion to apply: target space and user matrix");
 
-boost::shared_ptr<const BaseDataItemNode> InColorConversionTransform::accessDataItemNodePtr() const { return getPointer(); }
+boost::shared_ptr<const BaseDataItemNode> InColorConversionTransform::accessDataItemNodePtr() const
+{
+    return getPointer();
+}
 
 const ColorConversionTransform& InColorConversionTransform::getDataItemNode() const
 {

@@ -25,7 +25,10 @@ bool InConvertImageBufferType::isInitialised() const
     return m_bInitialised;
 }
 
-bool InConvertImageBufferType::isUsable() const { return image::getElementSize(getValue()) != 0; }
+bool InConvertImageBufferType::isUsable() const
+{
+    return image::getElementSize(getValue()) != 0;
+}
 
 void InConvertImageBufferType::clear()
 {

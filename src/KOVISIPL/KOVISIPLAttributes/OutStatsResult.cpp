@@ -6,5 +6,8 @@ namespace kovis::imaproc::attr
 {
 KOVIS_DEFINE_ATTRIBUTE(OutStatsResult, "Statistics of the image");
 
-boost::shared_ptr<const BaseDataItemNode> OutStatsResult::accessDataItemNodePtr() const { return getPointer(); }
+boost::shared_ptr<const BaseDataItemNode> OutStatsResult::accessDataItemNodePtr() const
+{
+    return getPointer();
+}
 } // namespace kovis::imaproc::attr

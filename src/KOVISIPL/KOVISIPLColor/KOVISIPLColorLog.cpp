@@ -55,7 +55,7 @@ const std::string& getKOVISIPLColorLoggerName()
 
 log4cplus::Logger& getKOVISIPLColorLogger()
 {
-    (void)getBaseLogger(); // keeps the library silent where nothing is configured
+    (void)getBaseLogger();                                  // keeps the library silent where nothing is configured
     const std::string& name = getKOVISIPLColorLoggerName(); // before the lock: the two are not nested
     const boost::mutex::scoped_lock lock(LoggerMutex::get());
     static log4cplus::Logger g_logger(log4cplus::Logger::getInstance(name));

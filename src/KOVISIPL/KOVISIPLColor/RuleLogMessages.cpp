@@ -10,8 +10,9 @@ namespace
 {
 constexpr MessageText g_messages[] = {
     {0, "Attribute weak pointer has expired, can't get it"},
-    {1, "Color space match between input image %s[%s with value %s], output image %s[%s with value %s] and color conversion matrix "
-        "attribute %s[with target %s and matrix size %d]"},
+    {1,
+     "Color space match between input image %s[%s with value %s], output image %s[%s with value %s] and color conversion matrix "
+     "attribute %s[with target %s and matrix size %d]"},
     {2, "Color space match between input image %s, output image %s and color conversion matrix attribute %s"},
     // 3 and 4 say the same, on purpose
     {3, "Append color match between input images %s and %s with output image %s"},

@@ -74,12 +74,22 @@ long double ExactSum::getValue() const
     }
     ExactSum carried(*this);
     carried.carry();
+    // of a negative sum all digits but the highest are what it lacks to the next power: the magnitude is read instead
+    const bool bNegative = carried.m_digits.back() < 0;
+    if (bNegative)
+    {
+        for (std::int64_t& digit : carried.m_digits)
+        {
+            digit = -digit;
+        }
+        carried.carry();
+    }
     long double value = 0.0L;
     for (int i = 0; i < g_nbDigits; ++i)
     {
         value += std::ldexp(static_cast<long double>(carried.m_digits[static_cast<std::size_t>(i)]), 32 * i + g_lowestExponent);
     }
-    return value;
+    return bNegative ? -value : value;
 }
 
 /// Brings every digit but the highest into [0, 2^32), so that a value has one form.

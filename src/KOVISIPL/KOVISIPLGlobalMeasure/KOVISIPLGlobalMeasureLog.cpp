@@ -23,7 +23,10 @@ LibraryLog& getLog()
 }
 } // namespace
 
-log4cplus::Logger& getKOVISIPLGlobalMeasureLogger() { return getLog().getLogger(); }
+log4cplus::Logger& getKOVISIPLGlobalMeasureLogger()
+{
+    return getLog().getLogger();
+}
 
 LogMessageManager& getKOVISIPLGlobalMeasureLogMessageManager()
 {

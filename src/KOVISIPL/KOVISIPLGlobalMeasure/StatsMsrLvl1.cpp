@@ -9,7 +9,8 @@
 #include <cmath>
 #include <limits>
 
-KOVIS_PROCESSOR_TRAITS(kovis::imaproc::glbmsr, StatsMsrLvl1, BaseAsync1Processor, kovis::imaproc::glbmsr::MeasureProcessorTraits, "KOVISIPL/KOVISIPLGlobalMeasure", 0);
+KOVIS_PROCESSOR_TRAITS(kovis::imaproc::glbmsr, StatsMsrLvl1, BaseAsync1Processor, kovis::imaproc::glbmsr::MeasureProcessorTraits,
+                       "KOVISIPL/KOVISIPLGlobalMeasure", 0);
 
 namespace kovis::imaproc::glbmsr
 {
@@ -27,16 +28,18 @@ KOVIS_DEFINE_PROCESSOR(StatsMsrLvl1, getStatsMsrLvl1StaticDispatchPolicy);
 template <class TAttribute>
 void StatsMsrLvl1::set(const typename TAttribute::StorageType& value)
 {
-    processor::ProcessorAnatomy<StatsMsrLvl1>::set(*this, processor::selectAttribute<TAttribute>(m_inImg, m_outStatsResult), value);
+    processor::ProcessorAnatomy<StatsMsrLvl1>::set(*this, processor::selectAttribute<TAttribute>(m_inImg, m_outStatsResult),
+                                                   value);
 }
 
 template KOVISIPLGLOBALMEASURE_EXPORT void StatsMsrLvl1::set<attr::InImg>(const attr::InImg::StorageType&);
 template KOVISIPLGLOBALMEASURE_EXPORT void StatsMsrLvl1::set<attr::OutStatsResult>(const attr::OutStatsResult::StorageType&);
 
-BoolResult StatsMsrLvl1::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                                    std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                                    processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                                    const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult
+StatsMsrLvl1::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
+                          std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
+                          processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
+                          const processor::eProcessorRulePolicy& rulePolicy)
 {
     attributes.clear();
     processor::makeAttribute(m_inImg, attributes);
@@ -84,10 +87,10 @@ BoolResult StatsMsrLvl1::postProcess()
     const long double variance = total.m_sumOfSquares.getValue() / nbElements - mean * mean;
     const double nan = std::numeric_limits<double>::quiet_NaN();
     // adding 0.0 makes a negative zero a plain one, as which of the two came first depends on the cut
-    m_outStatsResult->getStorage()->setValues(total.m_nbElements, total.m_bNaN ? nan : static_cast<double>(sum),
-                                              total.m_bNaN ? nan : static_cast<double>(mean), total.m_bNaN ? nan : total.m_minimum + 0.0,
-                                              total.m_bNaN ? nan : total.m_maximum + 0.0,
-                                              total.m_bNaN ? nan : static_cast<double>(std::sqrt(variance < 0.0L ? 0.0L : variance)));
+    m_outStatsResult->getStorage()->setValues(
+        total.m_nbElements, total.m_bNaN ? nan : static_cast<double>(sum), total.m_bNaN ? nan : static_cast<double>(mean),
+        total.m_bNaN ? nan : total.m_minimum + 0.0, total.m_bNaN ? nan : total.m_maximum + 0.0,
+        total.m_bNaN ? nan : static_cast<double>(std::sqrt(variance < 0.0L ? 0.0L : variance)));
     return BoolResult(true);
 }
 } // namespace kovis::imaproc::glbmsr

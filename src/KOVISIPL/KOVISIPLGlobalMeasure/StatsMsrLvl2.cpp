@@ -6,7 +6,8 @@
 #include "KOVISIPL/KOVISIPLGlobalMeasure/MeasureProcessorTraits.h"
 #include "KOVISIPL/KOVISIPLGlobalMeasure/StatsMsrLvl3.h"
 
-KOVIS_PROCESSOR_TRAITS(kovis::imaproc::glbmsr, StatsMsrLvl2, BaseAsync1Processor, kovis::imaproc::glbmsr::MeasureProcessorTraits, "KOVISIPL/KOVISIPLGlobalMeasure", 1);
+KOVIS_PROCESSOR_TRAITS(kovis::imaproc::glbmsr, StatsMsrLvl2, BaseAsync1Processor, kovis::imaproc::glbmsr::MeasureProcessorTraits,
+                       "KOVISIPL/KOVISIPLGlobalMeasure", 1);
 
 namespace kovis::imaproc::glbmsr
 {
@@ -24,16 +25,18 @@ KOVIS_DEFINE_PROCESSOR(StatsMsrLvl2, getStatsMsrLvl2StaticDispatchPolicy);
 template <class TAttribute>
 void StatsMsrLvl2::set(const typename TAttribute::StorageType& value)
 {
-    processor::ProcessorAnatomy<StatsMsrLvl2>::set(*this, processor::selectAttribute<TAttribute>(m_inSubColorImg2d, m_outStatsAccumulation), value);
+    processor::ProcessorAnatomy<StatsMsrLvl2>::set(
+        *this, processor::selectAttribute<TAttribute>(m_inSubColorImg2d, m_outStatsAccumulation), value);
 }
 
 template KOVISIPLGLOBALMEASURE_EXPORT void StatsMsrLvl2::set<attr::InSubColorImg2d>(const attr::InSubColorImg2d::StorageType&);
 template KOVISIPLGLOBALMEASURE_EXPORT void StatsMsrLvl2::set<OutStatsAccumulation>(const OutStatsAccumulation::StorageType&);
 
-BoolResult StatsMsrLvl2::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                                    std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                                    processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                                    const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult
+StatsMsrLvl2::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
+                          std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
+                          processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
+                          const processor::eProcessorRulePolicy& rulePolicy)
 {
     attributes.clear();
     processor::makeAttribute(m_inSubColorImg2d, attributes);
@@ -52,13 +55,15 @@ processor::RetrievalResult StatsMsrLvl2::retrieveProvider(const core::BasePriori
 {
     const auto dispatcher = boost::make_shared<processor::DynamicProcessorDispatcher<StatsMsrLvl3>>();
 
-    const auto imageSplit = boost::make_shared<ImageYStripColor2dSplit<StatsMsrLvl3, const image::BaseImage, attr::InColorYStrip2d>>();
+    const auto imageSplit =
+        boost::make_shared<ImageYStripColor2dSplit<StatsMsrLvl3, const image::BaseImage, attr::InColorYStrip2d>>();
     BoolResult result = imageSplit->initBase(m_inSubColorImg2d->getStorage(), eSAT_InImage, eSPD_TopToBottom, false);
     if (!result)
     {
         return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
     }
-    const auto accumulationSplit = processor::dynamicNoSplit<StatsMsrLvl3, OutStatsAccumulation>(m_outStatsAccumulation->getStorage());
+    const auto accumulationSplit =
+        processor::dynamicNoSplit<StatsMsrLvl3, OutStatsAccumulation>(m_outStatsAccumulation->getStorage());
 
     const std::vector<boost::shared_ptr<processor::BaseDynamicSplit>> splits{imageSplit, accumulationSplit};
     result = dispatcher->initBase(priority, splits);

@@ -6,7 +6,8 @@
 #include "KOVISIPL/KOVISIPLGlobalMeasure/MeasureProcessorTraits.h"
 #include "KOVISIPL/KOVISIPLGlobalMeasure/measureElements.h"
 
-KOVIS_PROCESSOR_TRAITS(kovis::imaproc::glbmsr, StatsMsrLvl3, BaseProcessingAlgorithm, kovis::imaproc::glbmsr::MeasureProcessorTraits, "KOVISIPL/KOVISIPLGlobalMeasure", 2);
+KOVIS_PROCESSOR_TRAITS(kovis::imaproc::glbmsr, StatsMsrLvl3, BaseProcessingAlgorithm,
+                       kovis::imaproc::glbmsr::MeasureProcessorTraits, "KOVISIPL/KOVISIPLGlobalMeasure", 2);
 
 namespace kovis::imaproc::glbmsr
 {
@@ -25,16 +26,18 @@ KOVIS_DEFINE_ALGORITHM(StatsMsrLvl3);
 template <class TAttribute>
 void StatsMsrLvl3::set(const typename TAttribute::StorageType& value)
 {
-    processor::ProcessorAnatomy<StatsMsrLvl3>::set(*this, processor::selectAttribute<TAttribute>(m_inColorYStrip2d, m_outStatsAccumulation), value);
+    processor::ProcessorAnatomy<StatsMsrLvl3>::set(
+        *this, processor::selectAttribute<TAttribute>(m_inColorYStrip2d, m_outStatsAccumulation), value);
 }
 
 template KOVISIPLGLOBALMEASURE_EXPORT void StatsMsrLvl3::set<attr::InColorYStrip2d>(const attr::InColorYStrip2d::StorageType&);
 template KOVISIPLGLOBALMEASURE_EXPORT void StatsMsrLvl3::set<OutStatsAccumulation>(const OutStatsAccumulation::StorageType&);
 
-BoolResult StatsMsrLvl3::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                                    std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                                    processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                                    const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult
+StatsMsrLvl3::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
+                          std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
+                          processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
+                          const processor::eProcessorRulePolicy& rulePolicy)
 {
     attributes.clear();
     processor::makeAttribute(m_inColorYStrip2d, attributes);
@@ -97,11 +100,10 @@ namespace details
 {
 static bool functionRegistration()
 {
-    KernelTable<StatsMsrLvl3> table(StatsMsrLvl3::retrieveFunctionSelector(), processor::ProcessorTraits<StatsMsrLvl3>::g_sourcePath);
-    forEachBufferType([&table]<int bufferType>()
-                      { table.registerRow(&StatsMsrLvl3::genericProcessFunction<BufferElement<bufferType>>, bufferType); });
-    table.report(__LINE__);
-    return true;
+    KernelTable<StatsMsrLvl3> table({"bool kovis::imaproc::glbmsr::details::functionRegistration()",
+                                     processor::ProcessorTraits<StatsMsrLvl3>::g_sourcePath, __LINE__});
+    table.registerTable<1>([]<class T>() { return &StatsMsrLvl3::genericProcessFunction<T>; });
+    return table.report();
 }
 } // namespace details
 } // namespace kovis::imaproc::glbmsr

@@ -7,7 +7,8 @@
 #include "KOVISIPL/KOVISIPLUtility/ConvertImgLvl2.h"
 #include "KOVISIPL/KOVISIPLUtility/UtilityProcessorTraits.h"
 
-KOVIS_PROCESSOR_TRAITS(kovis::imaproc::util, ConvertImgLvl1, BaseAsync1Processor, kovis::imaproc::util::UtilityProcessorTraits, "KOVISIPL/KOVISIPLUtility", 0);
+KOVIS_PROCESSOR_TRAITS(kovis::imaproc::util, ConvertImgLvl1, BaseAsync1Processor, kovis::imaproc::util::UtilityProcessorTraits,
+                       "KOVISIPL/KOVISIPLUtility", 0);
 
 namespace kovis::imaproc::util
 {
@@ -38,8 +39,9 @@ public:
         const image::eImageBufferType wanted = getBufferType()->getValue();
         LogMessageFormater formater(getKOVISIPLUtilityLogMessageManager());
         formater << createRuleEvaluatedStartString(indentation);
-        formater[eProcessorMessage::ePM_BufferTypeEvaluated] % getImage()->getObjectName() % image::getElementTypeName(actual)
-            % static_cast<int>(actual) % getBufferType()->getObjectName() % image::getElementTypeName(wanted) % static_cast<int>(wanted);
+        formater[eProcessorMessage::ePM_BufferTypeEvaluated] % getImage()->getObjectName() % image::getElementTypeName(actual) %
+            static_cast<int>(actual) % getBufferType()->getObjectName() % image::getElementTypeName(wanted) %
+            static_cast<int>(wanted);
         return formater.string();
     }
 
@@ -56,8 +58,9 @@ private:
     }
 };
 
-boost::shared_ptr<processor::BaseRule> matchConvertBufferType(const boost::shared_ptr<const BaseImageAttribute>& image,
-                                                              const boost::shared_ptr<const attr::InConvertImageBufferType>& bufferType)
+boost::shared_ptr<processor::BaseRule>
+matchConvertBufferType(const boost::shared_ptr<const BaseImageAttribute>& image,
+                       const boost::shared_ptr<const attr::InConvertImageBufferType>& bufferType)
 {
     const auto rule = boost::make_shared<RuleMatchConvertBufferType>();
     rule->initBase(image, bufferType);
@@ -70,17 +73,20 @@ KOVIS_DEFINE_PROCESSOR(ConvertImgLvl1, getConvertImgLvl1StaticDispatchPolicy);
 template <class TAttribute>
 void ConvertImgLvl1::set(const typename TAttribute::StorageType& value)
 {
-    processor::ProcessorAnatomy<ConvertImgLvl1>::set(*this, processor::selectAttribute<TAttribute>(m_inImg, m_inConvertImageBufferType, m_outImg), value);
+    processor::ProcessorAnatomy<ConvertImgLvl1>::set(
+        *this, processor::selectAttribute<TAttribute>(m_inImg, m_inConvertImageBufferType, m_outImg), value);
 }
 
 template KOVISIPLUTILITY_EXPORT void ConvertImgLvl1::set<attr::InImg>(const attr::InImg::StorageType&);
-template KOVISIPLUTILITY_EXPORT void ConvertImgLvl1::set<attr::InConvertImageBufferType>(const attr::InConvertImageBufferType::StorageType&);
+template KOVISIPLUTILITY_EXPORT void
+ConvertImgLvl1::set<attr::InConvertImageBufferType>(const attr::InConvertImageBufferType::StorageType&);
 template KOVISIPLUTILITY_EXPORT void ConvertImgLvl1::set<attr::OutImg>(const attr::OutImg::StorageType&);
 
-BoolResult ConvertImgLvl1::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                                      std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                                      processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                                      const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult
+ConvertImgLvl1::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
+                            std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
+                            processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
+                            const processor::eProcessorRulePolicy& rulePolicy)
 {
     attributes.clear();
     processor::makeAttribute(m_inImg, attributes);

@@ -9,7 +9,8 @@
 
 #include <algorithm>
 
-KOVIS_PROCESSOR_TRAITS(kovis::imaproc::util, ConvertImgLvl3, BaseProcessingAlgorithm, kovis::imaproc::util::UtilityProcessorTraits, "KOVISIPL/KOVISIPLUtility", 2);
+KOVIS_PROCESSOR_TRAITS(kovis::imaproc::util, ConvertImgLvl3, BaseProcessingAlgorithm,
+                       kovis::imaproc::util::UtilityProcessorTraits, "KOVISIPL/KOVISIPLUtility", 2);
 
 namespace kovis::imaproc::util
 {
@@ -28,16 +29,18 @@ KOVIS_DEFINE_ALGORITHM(ConvertImgLvl3);
 template <class TAttribute>
 void ConvertImgLvl3::set(const typename TAttribute::StorageType& value)
 {
-    processor::ProcessorAnatomy<ConvertImgLvl3>::set(*this, processor::selectAttribute<TAttribute>(m_inColorYStrip2d, m_outColorYStrip2d), value);
+    processor::ProcessorAnatomy<ConvertImgLvl3>::set(
+        *this, processor::selectAttribute<TAttribute>(m_inColorYStrip2d, m_outColorYStrip2d), value);
 }
 
 template KOVISIPLUTILITY_EXPORT void ConvertImgLvl3::set<attr::InColorYStrip2d>(const attr::InColorYStrip2d::StorageType&);
 template KOVISIPLUTILITY_EXPORT void ConvertImgLvl3::set<attr::OutColorYStrip2d>(const attr::OutColorYStrip2d::StorageType&);
 
-BoolResult ConvertImgLvl3::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                                      std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                                      processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                                      const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult
+ConvertImgLvl3::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
+                            std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
+                            processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
+                            const processor::eProcessorRulePolicy& rulePolicy)
 {
     attributes.clear();
     processor::makeAttribute(m_inColorYStrip2d, attributes);
@@ -108,18 +111,10 @@ namespace details
 {
 static bool functionRegistration()
 {
-    KernelTable<ConvertImgLvl3> table(ConvertImgLvl3::retrieveFunctionSelector(), processor::ProcessorTraits<ConvertImgLvl3>::g_sourcePath);
-    forEachBufferType(
-        [&table]<int inType>()
-        {
-            forEachBufferType(
-                [&table]<int outType>()
-                {
-                    table.registerRow(&ConvertImgLvl3::genericProcessFunction<BufferElement<inType>, BufferElement<outType>>, inType, outType);
-                });
-        });
-    table.report(__LINE__);
-    return true;
+    KernelTable<ConvertImgLvl3> table({"bool kovis::imaproc::util::details::functionRegistration()",
+                                       processor::ProcessorTraits<ConvertImgLvl3>::g_sourcePath, __LINE__});
+    table.registerTable<2>([]<class Tin, class Tout>() { return &ConvertImgLvl3::genericProcessFunction<Tin, Tout>; });
+    return table.report();
 }
 } // namespace details
 } // namespace kovis::imaproc::util

@@ -25,7 +25,10 @@ LibraryLog& getLog()
 }
 } // namespace
 
-log4cplus::Logger& getKOVISIPLUtilityLogger() { return getLog().getLogger(); }
+log4cplus::Logger& getKOVISIPLUtilityLogger()
+{
+    return getLog().getLogger();
+}
 
 LogMessageManager& getKOVISIPLUtilityLogMessageManager()
 {

@@ -22,8 +22,8 @@
 #include <tuple>
 #include <vector>
 
-// What all processor classes have in common, written once. A class's unit specialises ProcessorTraits (KOVIS_PROCESSOR_TRAITS), defines
-// the common operations by KOVIS_DEFINE_PROCESSOR, and enters the class into the factories by KOVIS_REGISTER_PROCESSOR.
+// What all processor classes have in common, written once. A class's unit specialises ProcessorTraits (KOVIS_PROCESSOR_TRAITS),
+// defines the common operations by KOVIS_DEFINE_PROCESSOR, and enters the class into the factories by KOVIS_REGISTER_PROCESSOR.
 
 namespace kovis::processor
 {
@@ -97,7 +97,8 @@ struct ProcessorAnatomy
     [[noreturn]] static void throwNoCopySupport(const char* returnType, const char* signature, unsigned int line)
     {
         const std::string function = getFunction(returnType, signature);
-        throwMessage<KOVISUtilException>(getKOVISUtilLogMessageManager(), getKOVISUtilLogger(), "N5kovis16eKOVISUtilErrors6domainE", 3,
+        throwMessage<KOVISUtilException>(getKOVISUtilLogMessageManager(), getKOVISUtilLogger(),
+                                         "N5kovis16eKOVISUtilErrors6domainE", 3,
                                          SourcePlace{function.c_str(), Traits::g_sourcePath, line}, T::getTypeName());
     }
 
@@ -135,8 +136,8 @@ struct ProcessorAnatomy
                 const std::string function = getFunction("virtual kovis::BoolResult", "read(kovis::BaseIArchive&)");
                 throwMessage<KOVISSerializationException>(getKOVISSerializationLogMessageManager(), getKOVISSerializationLogger(),
                                                           "N5kovis26eKOVISSerializationMessage6domainE", 25,
-                                                          SourcePlace{function.c_str(), Traits::g_sourcePath, line}, version, T::getVersion(),
-                                                          processor.getClassName());
+                                                          SourcePlace{function.c_str(), Traits::g_sourcePath, line}, version,
+                                                          T::getVersion(), processor.getClassName());
             }
             archive.registerClassVersion(processor.getClassName(), version);
         }
@@ -144,7 +145,8 @@ struct ProcessorAnatomy
     }
 
     template <class TAttribute>
-    static void set(const T& processor, const boost::shared_ptr<TAttribute>& attribute, const typename TAttribute::StorageType& value)
+    static void set(const T& processor, const boost::shared_ptr<TAttribute>& attribute,
+                    const typename TAttribute::StorageType& value)
     {
         testInitialised<TAttribute>(processor, "void", "set(const typename TAttribute::StorageType&)");
         if constexpr (requires { attribute->init(value); })
@@ -160,8 +162,9 @@ struct ProcessorAnatomy
     template <class TAttribute>
     static typename TAttribute::StorageType getStorage(const T& processor, const boost::shared_ptr<TAttribute>& attribute)
     {
-        testInitialised<TAttribute>(
-            processor, "typename boost::enable_if_c<TAttribute::g_bOutput, typename TAttribute::StorageType>::type", "getStorage()");
+        testInitialised<TAttribute>(processor,
+                                    "typename boost::enable_if_c<TAttribute::g_bOutput, typename TAttribute::StorageType>::type",
+                                    "getStorage()");
         return attribute->getStorage();
     }
 
@@ -176,8 +179,8 @@ private:
     {
         if (!processor.isInitialised())
         {
-            const std::string function =
-                getFunction(returnType, signature) + " [with TAttribute = kovis::imaproc::attr::" + TAttribute::getObjectNameStr() + "]";
+            const std::string function = getFunction(returnType, signature) +
+                                         " [with TAttribute = kovis::imaproc::attr::" + TAttribute::getObjectNameStr() + "]";
             throwMessage<KOVISBaseProcessingException>(getKOVISBaseProcessingLogMessageManager(), getKOVISBaseProcessingLogger(),
                                                        "N5kovis9processor17eProcessorMessage6domainE", 33,
                                                        SourcePlace{function.c_str(), Traits::g_sourcePath, T::g_accessLine},
@@ -214,98 +217,156 @@ void makeAttribute(boost::shared_ptr<TAttribute>& member, std::vector<boost::sha
         static constexpr const char* g_objectName = #CLASS;                                                                      \
         static constexpr const char* g_sourcePath = PATH "/" #CLASS;                                                             \
         static constexpr int g_toolTipNumber = TOOL_TIP;                                                                         \
-        static constexpr ProcessorSourceLocation g_location{MODULE::g_module,                                                    \
-                                                            KOVIS_INCLUDE_ROOT "/public/" PATH "/" #CLASS ".h",                  \
-                                                            {KOVIS_INCLUDE_ROOT "/public", KOVIS_INCLUDE_ROOT "/partner",        \
-                                                             KOVIS_INCLUDE_ROOT "/private"}};                                    \
+        static constexpr ProcessorSourceLocation g_location{                                                                     \
+            MODULE::g_module,                                                                                                    \
+            KOVIS_INCLUDE_ROOT "/public/" PATH "/" #CLASS ".h",                                                                  \
+            {KOVIS_INCLUDE_ROOT "/public", KOVIS_INCLUDE_ROOT "/partner", KOVIS_INCLUDE_ROOT "/private"}};                       \
     }
 
-/// Defines what KOVIS_DECLARE_PROCESSOR declares, inside the class's namespace. STATIC_POLICY is its get<class>StaticDispatchPolicy.
-#define KOVIS_DEFINE_PROCESSOR(CLASS, STATIC_POLICY)                                                                                       \
-    CLASS::CLASS() = default;                                                                                                              \
-    CLASS::~CLASS() = default;                                                                                                             \
-    ::kovis::BaseDynamicObject* CLASS::createNewObject() { return new CLASS; }                                                             \
-    ::kovis::DynamicObjectPtr CLASS::createSharedObject() { return boost::make_shared<CLASS>(); }                                          \
-    boost::shared_ptr<CLASS> CLASS::createProcessor() { return boost::make_shared<CLASS>(); }                                              \
-    boost::shared_ptr<::kovis::processor::BaseProcessor> CLASS::createBaseProcessor() { return boost::make_shared<CLASS>(); }              \
-    const std::string& CLASS::getTypeName() { return ::kovis::processor::ProcessorAnatomy<CLASS>::getTypeName(); }                         \
-    const std::string& CLASS::getObjectNameStr() { return ::kovis::processor::ProcessorAnatomy<CLASS>::getObjectNameStr(); }               \
-    const std::string& CLASS::getToolTipStr() { return ::kovis::processor::ProcessorAnatomy<CLASS>::getToolTipStr(); }                     \
-    const ::kovis::processor::ProcessorDispatchPolicy& CLASS::getDefaultDispatchPolicy()                                                   \
-    {                                                                                                                                      \
-        return ::kovis::processor::ProcessorAnatomy<CLASS>::getDefaultDispatchPolicy(&STATIC_POLICY);                                      \
-    }                                                                                                                                      \
-    unsigned int CLASS::getVersion() { return ::kovis::processor::ProcessorAnatomy<CLASS>::getVersion(); }                                 \
-    const ::kovis::processor::ProcessorSourceLocation& CLASS::getSourceLocation()                                                          \
-    {                                                                                                                                      \
-        return ::kovis::processor::ProcessorTraits<CLASS>::g_location;                                                                     \
-    }                                                                                                                                      \
-    const std::string& CLASS::getClassName() const { return getTypeName(); }                                                               \
-    ::kovis::BaseDynamicObject* CLASS::createNew() const { return new CLASS; }                                                             \
-    ::kovis::DynamicObjectPtr CLASS::createShared() const { return boost::make_shared<CLASS>(); }                                          \
-    bool CLASS::hasCopySupport() const { return false; }                                                                                   \
-    ::kovis::BaseDynamicObject* CLASS::duplicate() const                                                                                   \
-    {                                                                                                                                      \
-        ::kovis::processor::ProcessorAnatomy<CLASS>::throwNoCopySupport("virtual kovis::BaseDynamicObject*", "duplicate() const", __LINE__); \
-    }                                                                                                                                      \
-    ::kovis::DynamicObjectPtr CLASS::duplicateShared() const                                                                               \
-    {                                                                                                                                      \
-        ::kovis::processor::ProcessorAnatomy<CLASS>::throwNoCopySupport("virtual kovis::DynamicObjectPtr", "duplicateShared() const", __LINE__); \
-    }                                                                                                                                      \
-    void CLASS::copy(const ::kovis::BaseDynamicObject&)                                                                                    \
-    {                                                                                                                                      \
-        ::kovis::processor::ProcessorAnatomy<CLASS>::throwNoCopySupport("virtual void", "copy(const kovis::BaseDynamicObject&)", __LINE__); \
-    }                                                                                                                                      \
-    ::kovis::BoolResult CLASS::write(::kovis::BaseOArchive& archive) const                                                                 \
-    {                                                                                                                                      \
-        return ::kovis::processor::ProcessorAnatomy<CLASS>::write(*this, archive);                                                         \
-    }                                                                                                                                      \
-    ::kovis::BoolResult CLASS::read(::kovis::BaseIArchive& archive)                                                                        \
-    {                                                                                                                                      \
-        return ::kovis::processor::ProcessorAnatomy<CLASS>::read(*this, archive, __LINE__);                                                \
-    }                                                                                                                                      \
-    const std::string& CLASS::getObjectName() const { return getObjectNameStr(); }                                                         \
-    const std::string& CLASS::getToolTip() const { return getToolTipStr(); }                                                               \
+/// Defines what KOVIS_DECLARE_PROCESSOR declares, inside the class's namespace. STATIC_POLICY is its
+/// get<class>StaticDispatchPolicy.
+#define KOVIS_DEFINE_PROCESSOR(CLASS, STATIC_POLICY)                                                                             \
+    CLASS::CLASS() = default;                                                                                                    \
+    CLASS::~CLASS() = default;                                                                                                   \
+    ::kovis::BaseDynamicObject* CLASS::createNewObject()                                                                         \
+    {                                                                                                                            \
+        return new CLASS;                                                                                                        \
+    }                                                                                                                            \
+    ::kovis::DynamicObjectPtr CLASS::createSharedObject()                                                                        \
+    {                                                                                                                            \
+        return boost::make_shared<CLASS>();                                                                                      \
+    }                                                                                                                            \
+    boost::shared_ptr<CLASS> CLASS::createProcessor()                                                                            \
+    {                                                                                                                            \
+        return boost::make_shared<CLASS>();                                                                                      \
+    }                                                                                                                            \
+    boost::shared_ptr<::kovis::processor::BaseProcessor> CLASS::createBaseProcessor()                                            \
+    {                                                                                                                            \
+        return boost::make_shared<CLASS>();                                                                                      \
+    }                                                                                                                            \
+    const std::string& CLASS::getTypeName()                                                                                      \
+    {                                                                                                                            \
+        return ::kovis::processor::ProcessorAnatomy<CLASS>::getTypeName();                                                       \
+    }                                                                                                                            \
+    const std::string& CLASS::getObjectNameStr()                                                                                 \
+    {                                                                                                                            \
+        return ::kovis::processor::ProcessorAnatomy<CLASS>::getObjectNameStr();                                                  \
+    }                                                                                                                            \
+    const std::string& CLASS::getToolTipStr()                                                                                    \
+    {                                                                                                                            \
+        return ::kovis::processor::ProcessorAnatomy<CLASS>::getToolTipStr();                                                     \
+    }                                                                                                                            \
+    const ::kovis::processor::ProcessorDispatchPolicy& CLASS::getDefaultDispatchPolicy()                                         \
+    {                                                                                                                            \
+        return ::kovis::processor::ProcessorAnatomy<CLASS>::getDefaultDispatchPolicy(&STATIC_POLICY);                            \
+    }                                                                                                                            \
+    unsigned int CLASS::getVersion()                                                                                             \
+    {                                                                                                                            \
+        return ::kovis::processor::ProcessorAnatomy<CLASS>::getVersion();                                                        \
+    }                                                                                                                            \
+    const ::kovis::processor::ProcessorSourceLocation& CLASS::getSourceLocation()                                                \
+    {                                                                                                                            \
+        return ::kovis::processor::ProcessorTraits<CLASS>::g_location;                                                           \
+    }                                                                                                                            \
+    const std::string& CLASS::getClassName() const                                                                               \
+    {                                                                                                                            \
+        return getTypeName();                                                                                                    \
+    }                                                                                                                            \
+    ::kovis::BaseDynamicObject* CLASS::createNew() const                                                                         \
+    {                                                                                                                            \
+        return new CLASS;                                                                                                        \
+    }                                                                                                                            \
+    ::kovis::DynamicObjectPtr CLASS::createShared() const                                                                        \
+    {                                                                                                                            \
+        return boost::make_shared<CLASS>();                                                                                      \
+    }                                                                                                                            \
+    bool CLASS::hasCopySupport() const                                                                                           \
+    {                                                                                                                            \
+        return false;                                                                                                            \
+    }                                                                                                                            \
+    ::kovis::BaseDynamicObject* CLASS::duplicate() const                                                                         \
+    {                                                                                                                            \
+        ::kovis::processor::ProcessorAnatomy<CLASS>::throwNoCopySupport("virtual kovis::BaseDynamicObject*",                     \
+                                                                        "duplicate() const", __LINE__);                          \
+    }                                                                                                                            \
+    ::kovis::DynamicObjectPtr CLASS::duplicateShared() const                                                                     \
+    {                                                                                                                            \
+        ::kovis::processor::ProcessorAnatomy<CLASS>::throwNoCopySupport("virtual kovis::DynamicObjectPtr",                       \
+                                                                        "duplicateShared() const", __LINE__);                    \
+    }                                                                                                                            \
+    void CLASS::copy(const ::kovis::BaseDynamicObject&)                                                                          \
+    {                                                                                                                            \
+        ::kovis::processor::ProcessorAnatomy<CLASS>::throwNoCopySupport("virtual void", "copy(const kovis::BaseDynamicObject&)", \
+                                                                        __LINE__);                                               \
+    }                                                                                                                            \
+    ::kovis::BoolResult CLASS::write(::kovis::BaseOArchive& archive) const                                                       \
+    {                                                                                                                            \
+        return ::kovis::processor::ProcessorAnatomy<CLASS>::write(*this, archive);                                               \
+    }                                                                                                                            \
+    ::kovis::BoolResult CLASS::read(::kovis::BaseIArchive& archive)                                                              \
+    {                                                                                                                            \
+        return ::kovis::processor::ProcessorAnatomy<CLASS>::read(*this, archive, __LINE__);                                      \
+    }                                                                                                                            \
+    const std::string& CLASS::getObjectName() const                                                                              \
+    {                                                                                                                            \
+        return getObjectNameStr();                                                                                               \
+    }                                                                                                                            \
+    const std::string& CLASS::getToolTip() const                                                                                 \
+    {                                                                                                                            \
+        return getToolTipStr();                                                                                                  \
+    }                                                                                                                            \
     static_assert(true)
 
 /// Defines the selector and the forced instruction sets of a class with kernels.
-#define KOVIS_DEFINE_ALGORITHM(CLASS)                                                                                                      \
-    ::kovis::processor::AlgorithmFunctionSelector& CLASS::retrieveFunctionSelector()                                                       \
-    {                                                                                                                                      \
-        static ::kovis::processor::AlgorithmFunctionSelector g_functionSelector;                                                           \
-        return g_functionSelector;                                                                                                         \
-    }                                                                                                                                      \
-    ::kovis::processor::AlgorithmFunctionSelector& CLASS::accessFunctionSelector() { return retrieveFunctionSelector(); }                  \
-    const ::kovis::processor::AlgorithmFunctionSelector& CLASS::getFunctionSelector() const { return retrieveFunctionSelector(); }         \
-    ::kovis::processor::InstructionSetsIdentifier& CLASS::retrieveForcedInstructionSets()                                                  \
-    {                                                                                                                                      \
-        return ::kovis::processor::ProcessorAnatomy<CLASS>::retrieveForcedInstructionSets();                                               \
-    }                                                                                                                                      \
-    ::kovis::processor::InstructionSetsIdentifier& CLASS::accessForcedInstructionSets() { return retrieveForcedInstructionSets(); }        \
-    void CLASS::forceInstructionSets(const ::kovis::processor::InstructionSetsIdentifier& instructionSets)                                 \
-    {                                                                                                                                      \
-        retrieveForcedInstructionSets() = instructionSets;                                                                                 \
-    }                                                                                                                                      \
-    void CLASS::releaseForcedInstructionSets() { retrieveForcedInstructionSets().clear(); }                                                \
-    const ::kovis::processor::InstructionSetsIdentifier& CLASS::getForcedInstructionSets() const                                           \
-    {                                                                                                                                      \
-        return retrieveForcedInstructionSets();                                                                                            \
-    }                                                                                                                                      \
+#define KOVIS_DEFINE_ALGORITHM(CLASS)                                                                                            \
+    ::kovis::processor::AlgorithmFunctionSelector& CLASS::retrieveFunctionSelector()                                             \
+    {                                                                                                                            \
+        static ::kovis::processor::AlgorithmFunctionSelector g_functionSelector;                                                 \
+        return g_functionSelector;                                                                                               \
+    }                                                                                                                            \
+    ::kovis::processor::AlgorithmFunctionSelector& CLASS::accessFunctionSelector()                                               \
+    {                                                                                                                            \
+        return retrieveFunctionSelector();                                                                                       \
+    }                                                                                                                            \
+    const ::kovis::processor::AlgorithmFunctionSelector& CLASS::getFunctionSelector() const                                      \
+    {                                                                                                                            \
+        return retrieveFunctionSelector();                                                                                       \
+    }                                                                                                                            \
+    ::kovis::processor::InstructionSetsIdentifier& CLASS::retrieveForcedInstructionSets()                                        \
+    {                                                                                                                            \
+        return ::kovis::processor::ProcessorAnatomy<CLASS>::retrieveForcedInstructionSets();                                     \
+    }                                                                                                                            \
+    ::kovis::processor::InstructionSetsIdentifier& CLASS::accessForcedInstructionSets()                                          \
+    {                                                                                                                            \
+        return retrieveForcedInstructionSets();                                                                                  \
+    }                                                                                                                            \
+    void CLASS::forceInstructionSets(const ::kovis::processor::InstructionSetsIdentifier& instructionSets)                       \
+    {                                                                                                                            \
+        retrieveForcedInstructionSets() = instructionSets;                                                                       \
+    }                                                                                                                            \
+    void CLASS::releaseForcedInstructionSets()                                                                                   \
+    {                                                                                                                            \
+        retrieveForcedInstructionSets().clear();                                                                                 \
+    }                                                                                                                            \
+    const ::kovis::processor::InstructionSetsIdentifier& CLASS::getForcedInstructionSets() const                                 \
+    {                                                                                                                            \
+        return retrieveForcedInstructionSets();                                                                                  \
+    }                                                                                                                            \
     static_assert(true)
 
-/// What a class's unit does at load, in this order: mutexes, object factory, message map, processor factory. At global scope, after
-/// everything else of the unit; MAKE_MUTEXES is makeClassMutexes or makeAlgorithmMutexes.
-#define KOVIS_REGISTER_PROCESSOR(CLASS, TYPE_NAME, MAKE_MUTEXES)                                                                       \
-    namespace                                                                                                                          \
-    {                                                                                                                                  \
-    [[maybe_unused]] const bool g_bMutexesMade = kovis::processor::MAKE_MUTEXES<CLASS>();                                              \
-    }                                                                                                                                  \
-    template <>                                                                                                                        \
-    kovis::DynamicRegistrator<CLASS> kovis::DynamicRegistrator<CLASS>::g_classRegistrator(TYPE_NAME);                                  \
-    namespace                                                                                                                          \
-    {                                                                                                                                  \
-    [[maybe_unused]] const bool g_bMessagesEntered = kovis::processor::ProcessorTraits<CLASS>::enterMessages();                        \
-    }                                                                                                                                  \
-    template <>                                                                                                                        \
-    kovis::processor::ProcessorRegistrator<CLASS> kovis::processor::ProcessorRegistrator<CLASS>::g_bProcessorRegistrator{};            \
+/// What a class's unit does at load, in this order: mutexes, object factory, message map, processor factory. At global scope,
+/// after everything else of the unit; MAKE_MUTEXES is makeClassMutexes or makeAlgorithmMutexes.
+#define KOVIS_REGISTER_PROCESSOR(CLASS, TYPE_NAME, MAKE_MUTEXES)                                                                 \
+    namespace                                                                                                                    \
+    {                                                                                                                            \
+    [[maybe_unused]] const bool g_bMutexesMade = kovis::processor::MAKE_MUTEXES<CLASS>();                                        \
+    }                                                                                                                            \
+    template <>                                                                                                                  \
+    kovis::DynamicRegistrator<CLASS> kovis::DynamicRegistrator<CLASS>::g_classRegistrator(TYPE_NAME);                            \
+    namespace                                                                                                                    \
+    {                                                                                                                            \
+    [[maybe_unused]] const bool g_bMessagesEntered = kovis::processor::ProcessorTraits<CLASS>::enterMessages();                  \
+    }                                                                                                                            \
+    template <>                                                                                                                  \
+    kovis::processor::ProcessorRegistrator<CLASS> kovis::processor::ProcessorRegistrator<CLASS>::g_bProcessorRegistrator{};      \
     static_assert(true)

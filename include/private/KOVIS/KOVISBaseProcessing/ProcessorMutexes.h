@@ -4,17 +4,17 @@
 
 namespace kovis::processor
 {
-// The mutexes of the static caches of processor classes. TOwner is the class, or a type of an unnamed namespace for a unit that has
-// instances of its own; each owner has mutexes of its own, and no two caches share one.
-#define KOVIS_CACHE_MUTEX(NAME)              \
-    template <class TOwner>                  \
-    struct NAME                              \
-    {                                        \
-        static boost::mutex& get()           \
-        {                                    \
-            static boost::mutex g_mutex;     \
-            return g_mutex;                  \
-        }                                    \
+// The mutexes of the static caches of processor classes. TOwner is the class, or a type of an unnamed namespace for a unit that
+// has instances of its own; each owner has mutexes of its own, and no two caches share one.
+#define KOVIS_CACHE_MUTEX(NAME)                                                                                                  \
+    template <class TOwner>                                                                                                      \
+    struct NAME                                                                                                                  \
+    {                                                                                                                            \
+        static boost::mutex& get()                                                                                               \
+        {                                                                                                                        \
+            static boost::mutex g_mutex;                                                                                         \
+            return g_mutex;                                                                                                      \
+        }                                                                                                                        \
     }
 
 KOVIS_CACHE_MUTEX(VersionMutex);
@@ -25,8 +25,8 @@ KOVIS_CACHE_MUTEX(ForcedInstructionSetsMutex);
 
 #undef KOVIS_CACHE_MUTEX
 
-/// Makes the mutexes of a class while its library is loaded, so that none is made for the first time during a run. Returns true, for a
-/// static to be initialised with.
+/// Makes the mutexes of a class while its library is loaded, so that none is made for the first time during a run. Returns true,
+/// for a static to be initialised with.
 template <class TOwner>
 bool makeClassMutexes()
 {

@@ -7,8 +7,8 @@ namespace kovis::imaproc::color
 {
 namespace details
 {
-/// The texts of one message domain, in the order of their numbers: g_domainKey and getMessages(). Specialised in the unit that holds the
-/// table, by constants, for the table is asked for before the turn of that unit's initialisers.
+/// The texts of one message domain, in the order of their numbers: g_domainKey and getMessages(). Specialised in the unit that
+/// holds the table, by constants, for the table is asked for before the turn of that unit's initialisers.
 template <class TDomain, class TEnable>
 struct MsgMapRegistratorDerived;
 } // namespace details
@@ -63,15 +63,15 @@ private:
 } // namespace kovis::imaproc::color
 
 /// Defines process() of a domain, forwarding to its table, and the table's holder. At global scope, after the table.
-#define KOVIS_REGISTER_COLOR_MESSAGES(DOMAIN)                                                                                           \
-    bool kovis::MessageMapRegistrator<kovis::imaproc::color::DOMAIN, void>::process()                                                   \
-    {                                                                                                                                   \
-        using kovis::imaproc::color::DOMAIN;                                                                                            \
-        return kovis::imaproc::color::MsgMapRegistrator<                                                                                \
-            DOMAIN, kovis::imaproc::color::details::MsgMapRegistratorDerived<DOMAIN, void>>::registerMessageMap();                      \
-    }                                                                                                                                   \
-    namespace                                                                                                                           \
-    {                                                                                                                                   \
-    const kovis::imaproc::color::MsgMapHolder<kovis::imaproc::color::DOMAIN> g_messageMapHolder;                                        \
-    }                                                                                                                                   \
+#define KOVIS_REGISTER_COLOR_MESSAGES(DOMAIN)                                                                                    \
+    bool kovis::MessageMapRegistrator<kovis::imaproc::color::DOMAIN, void>::process()                                            \
+    {                                                                                                                            \
+        using kovis::imaproc::color::DOMAIN;                                                                                     \
+        return kovis::imaproc::color::MsgMapRegistrator<                                                                         \
+            DOMAIN, kovis::imaproc::color::details::MsgMapRegistratorDerived<DOMAIN, void>>::registerMessageMap();               \
+    }                                                                                                                            \
+    namespace                                                                                                                    \
+    {                                                                                                                            \
+    const kovis::imaproc::color::MsgMapHolder<kovis::imaproc::color::DOMAIN> g_messageMapHolder;                                 \
+    }                                                                                                                            \
     static_assert(true)

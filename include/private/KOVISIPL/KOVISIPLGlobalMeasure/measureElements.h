@@ -7,8 +7,9 @@
 #include <algorithm>
 #include <type_traits>
 
-// The loops of StatsMsrLvl3. Sums of a block are exact or, for 32-bit types, are taken over fixed blocks of 64 elements in a fixed order,
-// and blocks are added exactly: so the totals do not depend on how an image is cut, as strips begin at multiples of 64.
+// The loops of StatsMsrLvl3. Sums of a block are exact or, for 32-bit types, are taken over fixed blocks of 64 elements in a
+// fixed order, and blocks are added exactly: so the totals do not depend on how an image is cut, as strips begin at multiples
+// of 64.
 
 namespace kovis::imaproc::glbmsr
 {

@@ -24,44 +24,44 @@ struct ProcessorSourceLocation;
 ///   - copy, duplicate, duplicateShared: always throw KOVISUtilException, for processors have no copy support;
 ///   - write, read: the base's part, and the class's version once per class and archive. read throws KOVISSerializationException
 ///     for the version of a newer program.
-#define KOVIS_DECLARE_PROCESSOR(CLASS)                                                 \
-public:                                                                                \
-    CLASS();                                                                           \
-    ~CLASS() override;                                                                 \
-                                                                                       \
-    static ::kovis::BaseDynamicObject* createNewObject();                              \
-    static ::kovis::DynamicObjectPtr createSharedObject();                             \
-    static boost::shared_ptr<CLASS> createProcessor();                                 \
-    static boost::shared_ptr<::kovis::processor::BaseProcessor> createBaseProcessor(); \
-    static const std::string& getTypeName();                                           \
-    static const std::string& getObjectNameStr();                                      \
-    static const std::string& getToolTipStr();                                         \
-    static const ::kovis::processor::ProcessorDispatchPolicy& getDefaultDispatchPolicy(); \
-    static unsigned int getVersion();                                                  \
-    static const ::kovis::processor::ProcessorSourceLocation& getSourceLocation();     \
-                                                                                       \
-    const std::string& getClassName() const override;                                  \
-    ::kovis::BaseDynamicObject* createNew() const override;                            \
-    ::kovis::DynamicObjectPtr createShared() const override;                           \
-    bool hasCopySupport() const override;                                              \
-    ::kovis::BaseDynamicObject* duplicate() const override;                            \
-    ::kovis::DynamicObjectPtr duplicateShared() const override;                        \
-    void copy(const ::kovis::BaseDynamicObject& source) override;                      \
-    ::kovis::BoolResult write(::kovis::BaseOArchive& archive) const override;          \
-    ::kovis::BoolResult read(::kovis::BaseIArchive& archive) override;                 \
-    const std::string& getObjectName() const override;                                 \
+#define KOVIS_DECLARE_PROCESSOR(CLASS)                                                                                           \
+public:                                                                                                                          \
+    CLASS();                                                                                                                     \
+    ~CLASS() override;                                                                                                           \
+                                                                                                                                 \
+    static ::kovis::BaseDynamicObject* createNewObject();                                                                        \
+    static ::kovis::DynamicObjectPtr createSharedObject();                                                                       \
+    static boost::shared_ptr<CLASS> createProcessor();                                                                           \
+    static boost::shared_ptr<::kovis::processor::BaseProcessor> createBaseProcessor();                                           \
+    static const std::string& getTypeName();                                                                                     \
+    static const std::string& getObjectNameStr();                                                                                \
+    static const std::string& getToolTipStr();                                                                                   \
+    static const ::kovis::processor::ProcessorDispatchPolicy& getDefaultDispatchPolicy();                                        \
+    static unsigned int getVersion();                                                                                            \
+    static const ::kovis::processor::ProcessorSourceLocation& getSourceLocation();                                               \
+                                                                                                                                 \
+    const std::string& getClassName() const override;                                                                            \
+    ::kovis::BaseDynamicObject* createNew() const override;                                                                      \
+    ::kovis::DynamicObjectPtr createShared() const override;                                                                     \
+    bool hasCopySupport() const override;                                                                                        \
+    ::kovis::BaseDynamicObject* duplicate() const override;                                                                      \
+    ::kovis::DynamicObjectPtr duplicateShared() const override;                                                                  \
+    void copy(const ::kovis::BaseDynamicObject& source) override;                                                                \
+    ::kovis::BoolResult write(::kovis::BaseOArchive& archive) const override;                                                    \
+    ::kovis::BoolResult read(::kovis::BaseIArchive& archive) override;                                                           \
+    const std::string& getObjectName() const override;                                                                           \
     const std::string& getToolTip() const override
 
 /// The access to attributes' values, by attribute class. Both throw KOVISBaseProcessingException for a processor that is not
 /// initialised. g_accessLine is the line that messages name.
-#define KOVIS_DECLARE_ATTRIBUTE_ACCESS()                                                                                              \
-    /** Gives an attribute its value; nothing is checked before the run. */                                                           \
-    template <class TAttribute>                                                                                                       \
-    void set(const typename TAttribute::StorageType& value);                                                                          \
-    /** The value of an output attribute; may be called before, during and after a run. */                                            \
-    template <class TAttribute>                                                                                                       \
-    typename boost::enable_if_c<TAttribute::g_bOutput, typename TAttribute::StorageType>::type getStorage();                          \
-    enum : unsigned int                                                                                                               \
-    {                                                                                                                                 \
-        g_accessLine = __LINE__                                                                                                       \
+#define KOVIS_DECLARE_ATTRIBUTE_ACCESS()                                                                                         \
+    /** Gives an attribute its value; nothing is checked before the run. */                                                      \
+    template <class TAttribute>                                                                                                  \
+    void set(const typename TAttribute::StorageType& value);                                                                     \
+    /** The value of an output attribute; may be called before, during and after a run. */                                       \
+    template <class TAttribute>                                                                                                  \
+    typename boost::enable_if_c<TAttribute::g_bOutput, typename TAttribute::StorageType>::type getStorage();                     \
+    enum : unsigned int                                                                                                          \
+    {                                                                                                                            \
+        g_accessLine = __LINE__                                                                                                  \
     }

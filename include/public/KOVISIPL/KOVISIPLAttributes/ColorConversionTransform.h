@@ -25,8 +25,8 @@ public:
     image::eColorGeometryType getTargetGeometry() const;
     void setTarget(int target) { m_target.setValue(target); }
 
-    /// Row after row, one row per output channel: a factor per input channel, in their order, and then the row's offset. So an image
-    /// of n channels into one of m takes m * (n + 1) values, in the units of the samples. Used where one end is eCGT_User.
+    /// Row after row, one row per output channel: a factor per input channel, in their order, and then the row's offset. So an
+    /// image of n channels into one of m takes m * (n + 1) values, in the units of the samples. Used where one end is eCGT_User.
     const std::vector<float>& getMatrix() const { return m_matrix.getValue(); }
     void setMatrix(std::vector<float> matrix) { m_matrix.setValue(std::move(matrix)); }
 
@@ -36,5 +36,6 @@ private:
 };
 
 /// A transform to that space, without a matrix.
-KOVISIPLATTRIBUTES_EXPORT boost::shared_ptr<ColorConversionTransform> createColorConversionTransform(const image::eColorGeometryType& target);
+KOVISIPLATTRIBUTES_EXPORT boost::shared_ptr<ColorConversionTransform>
+createColorConversionTransform(const image::eColorGeometryType& target);
 } // namespace kovis::imaproc::attr

@@ -21,8 +21,8 @@ class KOVISIPLATTRIBUTES_EXPORT InColorConversionTransform
     void init(const StorageType& transform) { setPointer(transform); }
     StorageType getStorage() const { return getPointer(); }
     boost::shared_ptr<const BaseDataItemNode> accessDataItemNodePtr() const override;
-    /// The transform, which lives as long as the attribute holds it. Throws KOVISBaseProcessingException, with the attribute's name,
-    /// if there is none.
+    /// The transform, which lives as long as the attribute holds it. Throws KOVISBaseProcessingException, with the attribute's
+    /// name, if there is none.
     const ColorConversionTransform& getDataItemNode() const;
 };
 } // namespace kovis::imaproc::attr

@@ -6,8 +6,8 @@
 
 namespace kovis::imaproc::attr
 {
-/// Statistics of an image over all its channels, slices and time steps. All zeros until a measure has filled it; filled as a whole, by
-/// one thread.
+/// Statistics of an image over all its channels, slices and time steps. All zeros until a measure has filled it; filled as a
+/// whole, by one thread.
 class KOVISIPLATTRIBUTES_EXPORT StatsResult : public BaseDataItemNode
 {
 public:

@@ -8,8 +8,8 @@
 namespace kovis::imaproc::glbmsr
 {
 /// A sum of doubles in fixed point, without any rounding, so that it does not depend on the order of the terms. Terms are of a
-/// magnitude below 2^290, and what they hold below 2^-320 is dropped: sums of floats and of their squares fit whole. Infinities and
-/// NaN are kept beside the sum and make it what IEEE 754 makes of them.
+/// magnitude below 2^290, and what they hold below 2^-320 is dropped: sums of floats and of their squares fit whole. Infinities
+/// and NaN are kept beside the sum and make it what IEEE 754 makes of them.
 class KOVISIPLGLOBALMEASURE_EXPORT ExactSum
 {
 public:

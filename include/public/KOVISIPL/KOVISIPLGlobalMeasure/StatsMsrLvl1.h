@@ -15,9 +15,9 @@
 
 namespace kovis::imaproc::glbmsr
 {
-/// Measures an image over all channels, slices and time steps: number of elements, sum, mean, minimum, maximum, standard deviation.
-/// Attributes: InImg, of any buffer type, and OutStatsResult, which is filled when the run has gone well and is left alone otherwise.
-/// A NaN among the elements makes all but their number NaN. The same bits for any number of threads and any cut.
+/// Measures an image over all channels, slices and time steps: number of elements, sum, mean, minimum, maximum, standard
+/// deviation. Attributes: InImg, of any buffer type, and OutStatsResult, which is filled when the run has gone well and is left
+/// alone otherwise. A NaN among the elements makes all but their number NaN. The same bits for any number of threads and any cut.
 class KOVISIPLGLOBALMEASURE_EXPORT StatsMsrLvl1 : public processor::BaseAsync1Processor
 {
     KOVIS_DECLARE_PROCESSOR(StatsMsrLvl1);

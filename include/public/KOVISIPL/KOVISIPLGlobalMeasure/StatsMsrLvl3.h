@@ -25,8 +25,8 @@ class KOVISIPLGLOBALMEASURE_EXPORT StatsMsrLvl3 : public processor::BaseProcessi
     static processor::AlgorithmFunctionSelector& retrieveFunctionSelector();
     static processor::AlgorithmFunctionSelector& accessFunctionSelector();
 
-    /// The instruction sets that every run must use from now on; empty means the best that there is. Change them between runs, never
-    /// during one.
+    /// The instruction sets that every run must use from now on; empty means the best that there is. Change them between runs,
+    /// never during one.
     static processor::InstructionSetsIdentifier& retrieveForcedInstructionSets();
     static processor::InstructionSetsIdentifier& accessForcedInstructionSets();
     static void forceInstructionSets(const processor::InstructionSetsIdentifier& instructionSets);

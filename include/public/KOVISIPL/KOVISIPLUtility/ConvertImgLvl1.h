@@ -17,8 +17,8 @@ namespace kovis::imaproc::util
 {
 /// Writes an image with the values of another one in another buffer type, without any scaling. Attributes: InImg,
 /// InConvertImageBufferType, OutImg, which must have the input's sizes, channels too, and just that buffer type.
-/// To float every value is converted plainly; to an integer type fractions are rounded half away from zero and values saturate; a NaN
-/// becomes 0.
+/// To float every value is converted plainly; to an integer type fractions are rounded half away from zero and values saturate; a
+/// NaN becomes 0.
 class KOVISIPLUTILITY_EXPORT ConvertImgLvl1 : public processor::BaseAsync1Processor
 {
     KOVIS_DECLARE_PROCESSOR(ConvertImgLvl1);

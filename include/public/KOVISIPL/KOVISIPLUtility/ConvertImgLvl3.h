@@ -26,8 +26,8 @@ class KOVISIPLUTILITY_EXPORT ConvertImgLvl3 : public processor::BaseProcessingAl
     static processor::AlgorithmFunctionSelector& retrieveFunctionSelector();
     static processor::AlgorithmFunctionSelector& accessFunctionSelector();
 
-    /// The instruction sets that every run must use from now on; empty means the best that there is. Change them between runs, never
-    /// during one.
+    /// The instruction sets that every run must use from now on; empty means the best that there is. Change them between runs,
+    /// never during one.
     static processor::InstructionSetsIdentifier& retrieveForcedInstructionSets();
     static processor::InstructionSetsIdentifier& accessForcedInstructionSets();
     static void forceInstructionSets(const processor::InstructionSetsIdentifier& instructionSets);

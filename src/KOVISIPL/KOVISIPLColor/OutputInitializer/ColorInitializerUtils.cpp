@@ -14,19 +14,24 @@ using namespace kovis::imaproc;
 
 [[maybe_unused]] const bool g_bMessagesEntered = MessageMapRegistrator<color::eOutputInitializerMessage, void>::process();
 
-bool isRgbOrRgba(const image::eColorGeometryType& type) { return type == image::eCGT_Rgb || type == image::eCGT_Rgba; }
+bool isRgbOrRgba(const image::eColorGeometryType& type)
+{
+    return type == image::eCGT_Rgb || type == image::eCGT_Rgba;
+}
 } // namespace
 
 TargetColorSpaceOutputInitializer::TargetColorSpaceOutputInitializer() = default;
 TargetColorSpaceOutputInitializer::~TargetColorSpaceOutputInitializer() = default;
 
-boost::shared_ptr<const attr::InColorConversionTransform> TargetColorSpaceOutputInitializer::getTransform(const char* function) const
+boost::shared_ptr<const attr::InColorConversionTransform>
+TargetColorSpaceOutputInitializer::getTransform(const char* function) const
 {
     const boost::shared_ptr<const attr::InColorConversionTransform> transform = m_transform.lock();
     if (!transform)
     {
         throwMessage<color::KOVISIPLColorException>(
-            color::getKOVISIPLColorLogMessageManager(), color::getKOVISIPLColorLogger(), color::eOutputInitializerMessage::eOIM_AttributeNull,
+            color::getKOVISIPLColorLogMessageManager(), color::getKOVISIPLColorLogger(),
+            color::eOutputInitializerMessage::eOIM_AttributeNull,
             SourcePlace{function, "KOVISIPL/KOVISIPLColor/OutputInitializer/ColorInitializerUtils", __LINE__});
     }
     return transform;
@@ -52,7 +57,8 @@ image::eImageBufferType TargetColorSpaceOutputInitializer::getImageBufferType() 
 
 image::ColorGeometry TargetColorSpaceOutputInitializer::getColorGeometry() const
 {
-    const auto transform = getTransform("virtual kovis::image::ColorGeometry TargetColorSpaceOutputInitializer::getColorGeometry() const");
+    const auto transform =
+        getTransform("virtual kovis::image::ColorGeometry TargetColorSpaceOutputInitializer::getColorGeometry() const");
     const attr::ColorConversionTransform& node = transform->getDataItemNode();
     const image::eColorGeometryType target = node.getTargetGeometry();
     const boost::shared_ptr<const image::BaseImage> input = getInputImage();
@@ -70,8 +76,9 @@ image::ColorGeometry TargetColorSpaceOutputInitializer::getColorGeometry() const
 
 namespace kovis::imaproc::color
 {
-boost::shared_ptr<BaseCustomImageInfo> outputTargetColorSpace(const boost::shared_ptr<const BaseImageAttribute>& input,
-                                                              const boost::shared_ptr<const attr::InColorConversionTransform>& transform)
+boost::shared_ptr<BaseCustomImageInfo>
+outputTargetColorSpace(const boost::shared_ptr<const BaseImageAttribute>& input,
+                       const boost::shared_ptr<const attr::InColorConversionTransform>& transform)
 {
     const auto info = boost::make_shared<TargetColorSpaceOutputInitializer>();
     info->setTransform(transform);

@@ -15,11 +15,23 @@ namespace
 {
 [[maybe_unused]] const bool g_bMessagesEntered = MessageMapRegistrator<eRuleMessage, void>::process();
 
-const image::BaseImage& getShape(const BaseImageAttribute& attribute) { return attribute.getImage(); }
-const image::BaseImageYStripColor2d& getShape(const BaseYStripColor2dAttribute& attribute) { return attribute.getBaseImageYStripColor2d(); }
+const image::BaseImage& getShape(const BaseImageAttribute& attribute)
+{
+    return attribute.getImage();
+}
+const image::BaseImageYStripColor2d& getShape(const BaseYStripColor2dAttribute& attribute)
+{
+    return attribute.getBaseImageYStripColor2d();
+}
 
-const char* getTypeName(const BaseImageAttribute*) { return "const kovis::imaproc::BaseImageAttribute"; }
-const char* getTypeName(const BaseYStripColor2dAttribute*) { return "const kovis::imaproc::BaseYStripColor2dAttribute"; }
+const char* getTypeName(const BaseImageAttribute*)
+{
+    return "const kovis::imaproc::BaseImageAttribute";
+}
+const char* getTypeName(const BaseYStripColor2dAttribute*)
+{
+    return "const kovis::imaproc::BaseYStripColor2dAttribute";
+}
 
 /// That the output is in the space that the transform aims at and that a user matrix has the shape that the channels ask for.
 template <class ImageAttributeType>
@@ -60,7 +72,8 @@ public:
         const auto output = getOutput();
         const auto transform = getColorConversionTransformAttribute();
         LogMessageFormater formater(getKOVISIPLColorLogMessageManager());
-        formater[eRuleMessage::eRM_ColorSpaceFormal] % input->getObjectName() % output->getObjectName() % transform->getObjectName();
+        formater[eRuleMessage::eRM_ColorSpaceFormal] % input->getObjectName() % output->getObjectName() %
+            transform->getObjectName();
         return formater.string();
     }
 
@@ -73,19 +86,25 @@ public:
         LogMessageFormater formater(getKOVISIPLColorLogMessageManager());
         formater << createRuleEvaluatedStartString(indentation);
         // strips too are told with the words for images
-        formater[eRuleMessage::eRM_ColorSpaceEvaluated]
-            % input->getObjectName() % getFormatedName(getShape(*input), image::eFT_Short) % getGeometryName(*input)
-            % output->getObjectName() % getFormatedName(getShape(*output), image::eFT_Short) % getGeometryName(*output)
-            % transform->getObjectName() % std::string(image::getColorGeometryTypeName(node.getTargetGeometry()))
-            % static_cast<unsigned int>(node.getMatrix().size());
+        formater[eRuleMessage::eRM_ColorSpaceEvaluated] % input->getObjectName() %
+            getFormatedName(getShape(*input), image::eFT_Short) % getGeometryName(*input) % output->getObjectName() %
+            getFormatedName(getShape(*output), image::eFT_Short) % getGeometryName(*output) % transform->getObjectName() %
+            std::string(image::getColorGeometryTypeName(node.getTargetGeometry())) %
+            static_cast<unsigned int>(node.getMatrix().size());
         return formater.string();
     }
 
     processor::eAttributeRuleType getAttributeRuleType() const override { return processor::eART_Mixed; }
 
 private:
-    boost::shared_ptr<ImageAttributeType> getInput() const { return boost::static_pointer_cast<ImageAttributeType>(getAttribute1()); }
-    boost::shared_ptr<ImageAttributeType> getOutput() const { return boost::static_pointer_cast<ImageAttributeType>(getAttribute2()); }
+    boost::shared_ptr<ImageAttributeType> getInput() const
+    {
+        return boost::static_pointer_cast<ImageAttributeType>(getAttribute1());
+    }
+    boost::shared_ptr<ImageAttributeType> getOutput() const
+    {
+        return boost::static_pointer_cast<ImageAttributeType>(getAttribute2());
+    }
 
     static std::string getGeometryName(ImageAttributeType& attribute)
     {
@@ -109,11 +128,14 @@ private:
     [[noreturn]] static void throwRuleMessage(eRuleMessage::domain message)
     {
         const std::string function =
-            std::string("boost::shared_ptr<const kovis::imaproc::attr::InColorConversionTransform> kovis::imaproc::color::{anonymous}::"
-                        "RuleMatchColorSpace<ImageAttributeType>::getColorConversionTransformAttribute() const [with ImageAttributeType = ")
-            + getTypeName(static_cast<ImageAttributeType*>(nullptr)) + "]";
-        throwMessage<KOVISIPLColorException>(getKOVISIPLColorLogMessageManager(), getKOVISIPLColorLogger(), message,
-                                             SourcePlace{function.c_str(), "KOVISIPL/KOVISIPLColor/Rule/ColorRuleUtils", __LINE__});
+            std::string(
+                "boost::shared_ptr<const kovis::imaproc::attr::InColorConversionTransform> kovis::imaproc::color::{anonymous}::"
+                "RuleMatchColorSpace<ImageAttributeType>::getColorConversionTransformAttribute() const [with ImageAttributeType "
+                "= ") +
+            getTypeName(static_cast<ImageAttributeType*>(nullptr)) + "]";
+        throwMessage<KOVISIPLColorException>(
+            getKOVISIPLColorLogMessageManager(), getKOVISIPLColorLogger(), message,
+            SourcePlace{function.c_str(), "KOVISIPL/KOVISIPLColor/Rule/ColorRuleUtils", __LINE__});
     }
 
     boost::weak_ptr<const attr::InColorConversionTransform> m_transform;

@@ -9,9 +9,10 @@
 
 namespace kovis::imaproc::color
 {
-/// Describes the result of a conversion that was given none: of the input's size, in the transform's target space. Its elements are those
-/// of the input between eCGT_Rgb and eCGT_Rgba and for eCGT_YCbCr, otherwise float. For eCGT_User it has as many channels as the matrix
-/// has whole rows. No attribute is kept alive; asking throws KOVISIPLColorException when the transform attribute is gone.
+/// Describes the result of a conversion that was given none: of the input's size, in the transform's target space. Its elements
+/// are those of the input between eCGT_Rgb and eCGT_Rgba and for eCGT_YCbCr, otherwise float. For eCGT_User it has as many
+/// channels as the matrix has whole rows. No attribute is kept alive; asking throws KOVISIPLColorException when the transform
+/// attribute is gone.
 KOVISIPLCOLOR_EXPORT boost::shared_ptr<BaseCustomImageInfo>
 outputTargetColorSpace(const boost::shared_ptr<const BaseImageAttribute>& input,
                        const boost::shared_ptr<const attr::InColorConversionTransform>& transform);

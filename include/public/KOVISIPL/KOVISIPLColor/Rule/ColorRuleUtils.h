@@ -10,11 +10,13 @@
 
 namespace kovis::imaproc::color
 {
-/// Holds if the output is in the transform's target space and, for the target eCGT_User, if the matrix has exactly as many values as
-/// the channels of both sides ask for: output channels times input channels plus one. The space of the input is not looked at, nor is
-/// the matrix of another target. No attribute is kept alive; a test throws KOVISIPLColorException when the transform attribute is gone.
+/// Holds if the output is in the transform's target space and, for the target eCGT_User, if the matrix has exactly as many values
+/// as the channels of both sides ask for: output channels times input channels plus one. The space of the input is not looked at,
+/// nor is the matrix of another target. No attribute is kept alive; a test throws KOVISIPLColorException when the transform
+/// attribute is gone.
 KOVISIPLCOLOR_EXPORT boost::shared_ptr<processor::BaseRule>
-matchColorSpace(const boost::shared_ptr<const BaseImageAttribute>& input, const boost::shared_ptr<const BaseImageAttribute>& output,
+matchColorSpace(const boost::shared_ptr<const BaseImageAttribute>& input,
+                const boost::shared_ptr<const BaseImageAttribute>& output,
                 const boost::shared_ptr<const attr::InColorConversionTransform>& transform);
 /// The same for strips.
 KOVISIPLCOLOR_EXPORT boost::shared_ptr<processor::BaseRule>

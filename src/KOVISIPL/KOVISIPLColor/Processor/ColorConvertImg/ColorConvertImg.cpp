@@ -24,7 +24,8 @@ boost::shared_ptr<ColorConvertImgLvl1> makeProcessor(const InputImage& image, co
     return processor;
 }
 
-boost::shared_ptr<ColorConvertImgLvl1> makeProcessor(const InputImage& image, const Transform& transform, const OutputImage& result)
+boost::shared_ptr<ColorConvertImgLvl1> makeProcessor(const InputImage& image, const Transform& transform,
+                                                     const OutputImage& result)
 {
     const auto processor = makeProcessor(image, transform);
     processor->set<attr::OutColorImg>(result);
@@ -76,10 +77,14 @@ boost::shared_ptr<ColorConvertImgLvl1> colorConvertImg_async(const InputImage& i
     return start(makeProcessor(image, attr::createColorConversionTransform(target), result));
 }
 
-boost::shared_ptr<ColorConvertImgLvl1> colorConvertImg_async(const InputImage& image, const Transform& transform, const OutputImage& result)
+boost::shared_ptr<ColorConvertImgLvl1> colorConvertImg_async(const InputImage& image, const Transform& transform,
+                                                             const OutputImage& result)
 {
     return start(makeProcessor(image, transform, result));
 }
 
-OutputImage getAsyncProcessorOutput(boost::shared_ptr<ColorConvertImgLvl1> processor) { return processor->getStorage<attr::OutColorImg>(); }
+OutputImage getAsyncProcessorOutput(boost::shared_ptr<ColorConvertImgLvl1> processor)
+{
+    return processor->getStorage<attr::OutColorImg>();
+}
 } // namespace kovis::imaproc::color

@@ -12,8 +12,8 @@
 #include "KOVISIPL/KOVISIPLGlobalMeasure/StatsMsrLvl1.h"
 #include "KOVISIPL/KOVISIPLUtility/ConvertImgLvl1.h"
 
-KOVIS_PROCESSOR_TRAITS(kovis::imaproc::color, ColorConvertImgLvl1, BaseAsync3Processor, kovis::imaproc::color::ColorProcessorTraits,
-                       "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg", 5);
+KOVIS_PROCESSOR_TRAITS(kovis::imaproc::color, ColorConvertImgLvl1, BaseAsync3Processor,
+                       kovis::imaproc::color::ColorProcessorTraits, "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg", 5);
 
 namespace kovis::imaproc::color
 {
@@ -38,7 +38,8 @@ void ColorConvertImgLvl1::set(const typename TAttribute::StorageType& value)
 template <class TAttribute>
 typename boost::enable_if_c<TAttribute::g_bOutput, typename TAttribute::StorageType>::type ColorConvertImgLvl1::getStorage()
 {
-    return processor::ProcessorAnatomy<ColorConvertImgLvl1>::getStorage(*this, processor::selectAttribute<TAttribute>(m_outColorImg));
+    return processor::ProcessorAnatomy<ColorConvertImgLvl1>::getStorage(*this,
+                                                                        processor::selectAttribute<TAttribute>(m_outColorImg));
 }
 
 template KOVISIPLCOLOR_EXPORT void ColorConvertImgLvl1::set<attr::InColorImg>(const attr::InColorImg::StorageType&);
@@ -47,10 +48,11 @@ ColorConvertImgLvl1::set<attr::InColorConversionTransform>(const attr::InColorCo
 template KOVISIPLCOLOR_EXPORT void ColorConvertImgLvl1::set<attr::OutColorImg>(const attr::OutColorImg::StorageType&);
 template KOVISIPLCOLOR_EXPORT attr::OutColorImg::StorageType ColorConvertImgLvl1::getStorage<attr::OutColorImg>();
 
-BoolResult ColorConvertImgLvl1::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                                            std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                                            processor::ProcessorDispatchPolicy& dispatchPolicy,
-                                            boost::shared_ptr<processor::BaseRule>& rule, const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult
+ColorConvertImgLvl1::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
+                                 std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
+                                 processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
+                                 const processor::eProcessorRulePolicy& rulePolicy)
 {
     initAttributeColl(attributes, outputInitializers);
     dispatchPolicy = getDefaultDispatchPolicy();
@@ -62,8 +64,9 @@ BoolResult ColorConvertImgLvl1::initDerived(std::vector<boost::shared_ptr<proces
     return BoolResult(true);
 }
 
-void ColorConvertImgLvl1::initAttributeColl(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                                            std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers)
+void ColorConvertImgLvl1::initAttributeColl(
+    std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
+    std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers)
 {
     attributes.clear();
     processor::makeAttribute(m_inColorImg, attributes);
@@ -80,9 +83,9 @@ boost::shared_ptr<processor::BaseRule> ColorConvertImgLvl1::createRule() const
 {
     const auto workingImageIsSet = boost::make_shared<processor::RuleOptionalIsSet>();
     workingImageIsSet->init(boost::weak_ptr<const processor::BaseAttribute>(m_outOptWk1RealImg));
-    return matchSize(eMIST_XYZT, m_inColorImg, m_outColorImg)
-           && processor::If(workingImageIsSet, matchSize(m_inColorImg, m_outOptWk1RealImg), processor::none())
-           && matchColorSpace(m_inColorImg, m_outColorImg, m_inColorConversionTransform);
+    return matchSize(eMIST_XYZT, m_inColorImg, m_outColorImg) &&
+           processor::If(workingImageIsSet, matchSize(m_inColorImg, m_outOptWk1RealImg), processor::none()) &&
+           matchColorSpace(m_inColorImg, m_outColorImg, m_inColorConversionTransform);
 }
 
 bool ColorConvertImgLvl1::isRangeTestNeeded() const
@@ -96,7 +99,8 @@ bool ColorConvertImgLvl1::isRangeTestNeeded() const
     return output == image::eCGT_CieLab || output == image::eCGT_XYZ;
 }
 
-processor::RetrievalResult ColorConvertImgLvl1::retrieveFirstProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider)
+processor::RetrievalResult ColorConvertImgLvl1::retrieveFirstProvider(const core::BasePriority& priority,
+                                                                      core::ActionProviderPtr& provider)
 {
     m_currentSource = m_inColorImg->getStorage();
     if (isRangeTestNeeded())
@@ -107,7 +111,8 @@ processor::RetrievalResult ColorConvertImgLvl1::retrieveFirstProvider(const core
     return callLvl2(priority, provider);
 }
 
-processor::RetrievalResult ColorConvertImgLvl1::retrieveSecondProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider)
+processor::RetrievalResult ColorConvertImgLvl1::retrieveSecondProvider(const core::BasePriority& priority,
+                                                                       core::ActionProviderPtr& provider)
 {
     if (!isRangeTestNeeded())
     {
@@ -118,15 +123,16 @@ processor::RetrievalResult ColorConvertImgLvl1::retrieveSecondProvider(const cor
     {
         throwMessage<KOVISIPLColorException>(
             getKOVISIPLColorLogMessageManager(), getKOVISIPLColorLogger(), eProcessorMessage::ePM_ImageOutOfRange,
-            SourcePlace{"virtual kovis::processor::RetrievalResult kovis::imaproc::color::ColorConvertImgLvl1::retrieveSecondProvider(const "
+            SourcePlace{"virtual kovis::processor::RetrievalResult "
+                        "kovis::imaproc::color::ColorConvertImgLvl1::retrieveSecondProvider(const "
                         "kovis::core::BasePriority&, kovis::core::ActionProviderPtr&)",
                         processor::ProcessorTraits<ColorConvertImgLvl1>::g_sourcePath, __LINE__},
             0, 255);
     }
     m_outOptWk1RealImg->clear();
-    const auto initializer =
-        duplicateInOut<attr::InColorImg, attr::OutOptWk1RealImg>(boost::weak_ptr<attr::OutOptWk1RealImg>(m_outOptWk1RealImg),
-                                                                 boost::weak_ptr<attr::InColorImg>(m_inColorImg), image::eIBT_Real, eIIDP_AsInput);
+    const auto initializer = duplicateInOut<attr::InColorImg, attr::OutOptWk1RealImg>(
+        boost::weak_ptr<attr::OutOptWk1RealImg>(m_outOptWk1RealImg), boost::weak_ptr<attr::InColorImg>(m_inColorImg),
+        image::eIBT_Real, eIIDP_AsInput);
     const BoolResult result = initializer->initOutputAttribute();
     if (!result)
     {
@@ -139,7 +145,8 @@ processor::RetrievalResult ColorConvertImgLvl1::retrieveSecondProvider(const cor
     return convert(priority, provider);
 }
 
-processor::RetrievalResult ColorConvertImgLvl1::retrieveThirdProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider)
+processor::RetrievalResult ColorConvertImgLvl1::retrieveThirdProvider(const core::BasePriority& priority,
+                                                                      core::ActionProviderPtr& provider)
 {
     if (!isRangeTestNeeded())
     {
@@ -174,7 +181,8 @@ processor::RetrievalResult ColorConvertImgLvl1::callLvl2(const core::BasePriorit
     const auto dispatcher = boost::make_shared<processor::StaticProcessorDispatcher<ColorConvertImgLvl2>>();
 
     const auto outputSplit = boost::make_shared<SubImageSplit<ColorConvertImgLvl2, attr::OutSubColorImg2d>>();
-    BoolResult result = outputSplit->initBase(eSIST_Slices, eVPT_Slices, eCPT_AllChannels, eTPT_Steps, m_outColorImg->getStorage());
+    BoolResult result =
+        outputSplit->initBase(eSIST_Slices, eVPT_Slices, eCPT_AllChannels, eTPT_Steps, m_outColorImg->getStorage());
     if (!result)
     {
         return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
@@ -199,7 +207,8 @@ processor::RetrievalResult ColorConvertImgLvl1::callLvl2(const core::BasePriorit
 }
 
 processor::RetrievalResult ColorConvertImgLvl1::provideProcessor(const boost::shared_ptr<core::BaseAction>& action,
-                                                                 const core::BasePriority& priority, core::ActionProviderPtr& provider)
+                                                                 const core::BasePriority& priority,
+                                                                 core::ActionProviderPtr& provider)
 {
     action->setActionPriority(priority);
     const auto single = boost::make_shared<core::SingleActionProvider>();
@@ -213,4 +222,5 @@ processor::RetrievalResult ColorConvertImgLvl1::provideProcessor(const boost::sh
 }
 } // namespace kovis::imaproc::color
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::ColorConvertImgLvl1, "kovis::imaproc::color::ColorConvertImgLvl1", makeClassMutexes);
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::ColorConvertImgLvl1, "kovis::imaproc::color::ColorConvertImgLvl1",
+                         makeClassMutexes);

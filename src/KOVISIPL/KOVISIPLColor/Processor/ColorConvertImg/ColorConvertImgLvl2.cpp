@@ -8,8 +8,8 @@
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorProcessorTraits.h"
 #include "KOVISIPL/KOVISIPLColor/Rule/ColorRuleUtils.h"
 
-KOVIS_PROCESSOR_TRAITS(kovis::imaproc::color, ColorConvertImgLvl2, BaseAsync1Processor, kovis::imaproc::color::ColorProcessorTraits,
-                       "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg", 6);
+KOVIS_PROCESSOR_TRAITS(kovis::imaproc::color, ColorConvertImgLvl2, BaseAsync1Processor,
+                       kovis::imaproc::color::ColorProcessorTraits, "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg", 6);
 
 namespace kovis::imaproc::color
 {
@@ -28,7 +28,8 @@ template <class TAttribute>
 void ColorConvertImgLvl2::set(const typename TAttribute::StorageType& value)
 {
     processor::ProcessorAnatomy<ColorConvertImgLvl2>::set(
-        *this, processor::selectAttribute<TAttribute>(m_inSubColorImg2d, m_inColorConversionTransform, m_outSubColorImg2d), value);
+        *this, processor::selectAttribute<TAttribute>(m_inSubColorImg2d, m_inColorConversionTransform, m_outSubColorImg2d),
+        value);
 }
 
 template KOVISIPLCOLOR_EXPORT void ColorConvertImgLvl2::set<attr::InSubColorImg2d>(const attr::InSubColorImg2d::StorageType&);
@@ -36,10 +37,11 @@ template KOVISIPLCOLOR_EXPORT void
 ColorConvertImgLvl2::set<attr::InColorConversionTransform>(const attr::InColorConversionTransform::StorageType&);
 template KOVISIPLCOLOR_EXPORT void ColorConvertImgLvl2::set<attr::OutSubColorImg2d>(const attr::OutSubColorImg2d::StorageType&);
 
-BoolResult ColorConvertImgLvl2::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                                            std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                                            processor::ProcessorDispatchPolicy& dispatchPolicy,
-                                            boost::shared_ptr<processor::BaseRule>& rule, const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult
+ColorConvertImgLvl2::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
+                                 std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
+                                 processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
+                                 const processor::eProcessorRulePolicy& rulePolicy)
 {
     attributes.clear();
     processor::makeAttribute(m_inSubColorImg2d, attributes);
@@ -50,17 +52,19 @@ BoolResult ColorConvertImgLvl2::initDerived(std::vector<boost::shared_ptr<proces
     rule.reset();
     if (rulePolicy != processor::ePRP_NoRules)
     {
-        rule = match2dSize(m_inSubColorImg2d, m_outSubColorImg2d)
-               && matchColorSpace(m_inSubColorImg2d, m_outSubColorImg2d, m_inColorConversionTransform);
+        rule = match2dSize(m_inSubColorImg2d, m_outSubColorImg2d) &&
+               matchColorSpace(m_inSubColorImg2d, m_outSubColorImg2d, m_inColorConversionTransform);
     }
     return BoolResult(true);
 }
 
-processor::RetrievalResult ColorConvertImgLvl2::retrieveProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider)
+processor::RetrievalResult ColorConvertImgLvl2::retrieveProvider(const core::BasePriority& priority,
+                                                                 core::ActionProviderPtr& provider)
 {
     const auto dispatcher = boost::make_shared<processor::DynamicProcessorDispatcher<ColorConvertImgLvl3>>();
 
-    const auto outputSplit = boost::make_shared<ImageYStripColor2dSplit<ColorConvertImgLvl3, image::BaseImage, attr::OutColorYStrip2d>>();
+    const auto outputSplit =
+        boost::make_shared<ImageYStripColor2dSplit<ColorConvertImgLvl3, image::BaseImage, attr::OutColorYStrip2d>>();
     BoolResult result = outputSplit->initBase(m_outSubColorImg2d->getStorage(), eSAT_InImage, eSPD_TopToBottom, false);
     if (!result)
     {
@@ -68,7 +72,8 @@ processor::RetrievalResult ColorConvertImgLvl2::retrieveProvider(const core::Bas
     }
     const auto transformSplit = processor::dynamicNoSplit<ColorConvertImgLvl3, attr::InColorConversionTransform>(
         boost::static_pointer_cast<const attr::ColorConversionTransform>(m_inColorConversionTransform->accessDataItemNodePtr()));
-    const auto inputSplit = boost::make_shared<ImageYStripColor2dSplit<ColorConvertImgLvl3, const image::BaseImage, attr::InColorYStrip2d>>();
+    const auto inputSplit =
+        boost::make_shared<ImageYStripColor2dSplit<ColorConvertImgLvl3, const image::BaseImage, attr::InColorYStrip2d>>();
     result = inputSplit->initBase(m_inSubColorImg2d->getStorage(), eSAT_InImage, eSPD_TopToBottom, false);
     if (!result)
     {
@@ -86,4 +91,5 @@ processor::RetrievalResult ColorConvertImgLvl2::retrieveProvider(const core::Bas
 }
 } // namespace kovis::imaproc::color
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::ColorConvertImgLvl2, "kovis::imaproc::color::ColorConvertImgLvl2", makeClassMutexes);
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::ColorConvertImgLvl2, "kovis::imaproc::color::ColorConvertImgLvl2",
+                         makeClassMutexes);

@@ -7,8 +7,8 @@
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorProcessorTraits.h"
 #include "KOVISIPL/KOVISIPLColor/Rule/ColorRuleUtils.h"
 
-KOVIS_PROCESSOR_TRAITS(kovis::imaproc::color, ColorConvertImgLvl3, BaseProcessingAlgorithm, kovis::imaproc::color::ColorProcessorTraits,
-                       "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg", 7);
+KOVIS_PROCESSOR_TRAITS(kovis::imaproc::color, ColorConvertImgLvl3, BaseProcessingAlgorithm,
+                       kovis::imaproc::color::ColorProcessorTraits, "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg", 7);
 
 namespace kovis::imaproc::color
 {
@@ -28,7 +28,8 @@ template <class TAttribute>
 void ColorConvertImgLvl3::set(const typename TAttribute::StorageType& value)
 {
     processor::ProcessorAnatomy<ColorConvertImgLvl3>::set(
-        *this, processor::selectAttribute<TAttribute>(m_inColorYStrip2d, m_inColorConversionTransform, m_outColorYStrip2d), value);
+        *this, processor::selectAttribute<TAttribute>(m_inColorYStrip2d, m_inColorConversionTransform, m_outColorYStrip2d),
+        value);
 }
 
 template KOVISIPLCOLOR_EXPORT void ColorConvertImgLvl3::set<attr::InColorYStrip2d>(const attr::InColorYStrip2d::StorageType&);
@@ -36,10 +37,11 @@ template KOVISIPLCOLOR_EXPORT void
 ColorConvertImgLvl3::set<attr::InColorConversionTransform>(const attr::InColorConversionTransform::StorageType&);
 template KOVISIPLCOLOR_EXPORT void ColorConvertImgLvl3::set<attr::OutColorYStrip2d>(const attr::OutColorYStrip2d::StorageType&);
 
-BoolResult ColorConvertImgLvl3::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                                            std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                                            processor::ProcessorDispatchPolicy& dispatchPolicy,
-                                            boost::shared_ptr<processor::BaseRule>& rule, const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult
+ColorConvertImgLvl3::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
+                                 std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
+                                 processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
+                                 const processor::eProcessorRulePolicy& rulePolicy)
 {
     attributes.clear();
     processor::makeAttribute(m_inColorYStrip2d, attributes);
@@ -50,8 +52,8 @@ BoolResult ColorConvertImgLvl3::initDerived(std::vector<boost::shared_ptr<proces
     rule.reset();
     if (rulePolicy != processor::ePRP_NoRules)
     {
-        rule = matchPlanarSize(m_inColorYStrip2d, m_outColorYStrip2d)
-               && matchColorSpace(m_inColorYStrip2d, m_outColorYStrip2d, m_inColorConversionTransform);
+        rule = matchPlanarSize(m_inColorYStrip2d, m_outColorYStrip2d) &&
+               matchColorSpace(m_inColorYStrip2d, m_outColorYStrip2d, m_inColorConversionTransform);
     }
     return BoolResult(true);
 }
@@ -98,17 +100,17 @@ namespace details
 {
 static bool functionRegistration()
 {
-    RowRegistrator<eInstructionSet::eIS_Generic, eInstructionSet::eIS_Generic> rows(
+    ColorConvertImgLvl3Rows<eInstructionSet::eIS_Generic, eInstructionSet::eIS_Generic> rows(
         {"bool kovis::imaproc::color::details::functionRegistration()",
          processor::ProcessorTraits<ColorConvertImgLvl3>::g_sourcePath, __LINE__});
-    rows.registerFullTable();
-    rows.report();
-    return true;
+    rows.registerTable<2>(ColorConvertImgLvl3Kernels<eInstructionSet::eIS_Generic, eInstructionSet::eIS_Generic>());
+    return rows.report();
 }
 } // namespace details
 } // namespace kovis::imaproc::color
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::ColorConvertImgLvl3, "kovis::imaproc::color::ColorConvertImgLvl3", makeAlgorithmMutexes);
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::ColorConvertImgLvl3, "kovis::imaproc::color::ColorConvertImgLvl3",
+                         makeAlgorithmMutexes);
 
 namespace kovis::imaproc::color
 {

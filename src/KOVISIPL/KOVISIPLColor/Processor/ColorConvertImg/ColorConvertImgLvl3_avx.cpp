@@ -10,12 +10,12 @@ namespace details
 {
 static bool functionRegistration()
 {
-    RowRegistrator<eInstructionSet::eIS_AVX, eInstructionSet::eIS_AVX> rows(
+    ColorConvertImgLvl3Rows<eInstructionSet::eIS_AVX, eInstructionSet::eIS_AVX> rows(
         {"bool kovis::imaproc::color::details::functionRegistration()",
          "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3_avx", __LINE__});
-    rows.registerRow<image::eIBT_Real, image::eIBT_Real>();
-    rows.report();
-    return true;
+    rows.registerRow<image::eIBT_Real, image::eIBT_Real>(
+        ColorConvertImgLvl3Kernels<eInstructionSet::eIS_AVX, eInstructionSet::eIS_AVX>());
+    return rows.report();
 }
 } // namespace details
 
@@ -26,10 +26,7 @@ struct Variant;
 
 bool enterVariant()
 {
-    processor::VersionMutex<Variant>::get();
-    processor::TypeNameMutex<Variant>::get();
-    processor::ToolTipMutex<Variant>::get();
-    processor::ForcedInstructionSetsMutex<Variant>::get();
+    processor::makeVariantMutexes<Variant>();
     if (core::isAvailable(eInstructionSet::eIS_AVX))
     {
         details::functionRegistration();

@@ -10,12 +10,11 @@ namespace details
 {
 static bool functionRegistration()
 {
-    RowRegistrator<eInstructionSet::eIS_FMA3, eInstructionSet::eIS_AVX2> rows(
+    ColorConvertImgLvl3Rows<eInstructionSet::eIS_FMA3, eInstructionSet::eIS_AVX2> rows(
         {"bool kovis::imaproc::color::details::functionRegistration()",
          "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3_fma3_avx2", __LINE__});
-    rows.registerFullTable();
-    rows.report();
-    return true;
+    rows.registerTable<2>(ColorConvertImgLvl3Kernels<eInstructionSet::eIS_FMA3, eInstructionSet::eIS_AVX2>());
+    return rows.report();
 }
 } // namespace details
 
@@ -26,10 +25,7 @@ struct Variant;
 
 bool enterVariant()
 {
-    processor::VersionMutex<Variant>::get();
-    processor::TypeNameMutex<Variant>::get();
-    processor::ToolTipMutex<Variant>::get();
-    processor::ForcedInstructionSetsMutex<Variant>::get();
+    processor::makeVariantMutexes<Variant>();
     if (core::isAvailable(eInstructionSet::eIS_FMA3) && core::isAvailable(eInstructionSet::eIS_AVX2))
     {
         details::functionRegistration();

@@ -10,12 +10,11 @@ namespace details
 {
 static bool functionRegistration()
 {
-    RowRegistrator<eInstructionSet::eIS_SSE2, eInstructionSet::eIS_SSE2> rows(
+    ColorConvertImgLvl3Rows<eInstructionSet::eIS_SSE2, eInstructionSet::eIS_SSE2> rows(
         {"bool kovis::imaproc::color::details::functionRegistration()",
          "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3_sse2", __LINE__});
-    rows.registerFullTable();
-    rows.report();
-    return true;
+    rows.registerTable<2>(ColorConvertImgLvl3Kernels<eInstructionSet::eIS_SSE2, eInstructionSet::eIS_SSE2>());
+    return rows.report();
 }
 } // namespace details
 
@@ -26,10 +25,7 @@ struct Variant;
 
 bool enterVariant()
 {
-    processor::VersionMutex<Variant>::get();
-    processor::TypeNameMutex<Variant>::get();
-    processor::ToolTipMutex<Variant>::get();
-    processor::ForcedInstructionSetsMutex<Variant>::get();
+    processor::makeVariantMutexes<Variant>();
     if (core::isAvailable(eInstructionSet::eIS_SSE2))
     {
         details::functionRegistration();

@@ -20,10 +20,11 @@ namespace kovis::imaproc::color
 /// Converts a whole image of any size from one colour space to another. Attributes: InColorImg, InColorConversionTransform,
 /// OutOptWk1RealImg (a working image; nobody needs to give one) and OutColorImg, which the run makes where none is given.
 ///
-/// X, Y, Z and T of input and output must agree, and the output must be in the transform's target space. From eCGT_Rgb to eCGT_CieLab
-/// or eCGT_XYZ the image is measured first, and a value outside 0 to 255 ends the run with a KOVISIPLColorException before anything
-/// is written; an image that is not of float is then converted to the float working image. A float image goes to level 2 twice, the
-/// second time from the working image, which holds zeros: who needs the result of the first runs level 2 alone.
+/// X, Y, Z and T of input and output must agree, and the output must be in the transform's target space. From eCGT_Rgb to
+/// eCGT_CieLab or eCGT_XYZ the image is measured first, and a value outside 0 to 255 ends the run with a KOVISIPLColorException
+/// before anything is written; an image that is not of float is then converted to the float working image. A float image goes to
+/// level 2 twice, the second time from the working image, which holds zeros: who needs the result of the first runs level 2
+/// alone.
 ///
 /// set is there for InColorImg, InColorConversionTransform and OutColorImg, getStorage for OutColorImg. One run at a time.
 class KOVISIPLCOLOR_EXPORT ColorConvertImgLvl1 : public processor::BaseAsync3Processor
@@ -37,11 +38,14 @@ protected:
                            processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
                            const processor::eProcessorRulePolicy& rulePolicy) override;
     /// Measures the input where the conversion asks for that, otherwise converts it.
-    processor::RetrievalResult retrieveFirstProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider) override;
+    processor::RetrievalResult retrieveFirstProvider(const core::BasePriority& priority,
+                                                     core::ActionProviderPtr& provider) override;
     /// Tests the measured range and makes the working image; no work for all other conversions.
-    processor::RetrievalResult retrieveSecondProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider) override;
+    processor::RetrievalResult retrieveSecondProvider(const core::BasePriority& priority,
+                                                      core::ActionProviderPtr& provider) override;
     /// Converts the working image; no work for all other conversions.
-    processor::RetrievalResult retrieveThirdProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider) override;
+    processor::RetrievalResult retrieveThirdProvider(const core::BasePriority& priority,
+                                                     core::ActionProviderPtr& provider) override;
 
 private:
     void initAttributeColl(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
@@ -52,8 +56,8 @@ private:
     processor::RetrievalResult stats(const core::BasePriority& priority, core::ActionProviderPtr& provider);
     processor::RetrievalResult convert(const core::BasePriority& priority, core::ActionProviderPtr& provider);
     processor::RetrievalResult callLvl2(const core::BasePriority& priority, core::ActionProviderPtr& provider);
-    processor::RetrievalResult provideProcessor(const boost::shared_ptr<core::BaseAction>& action, const core::BasePriority& priority,
-                                                core::ActionProviderPtr& provider);
+    processor::RetrievalResult provideProcessor(const boost::shared_ptr<core::BaseAction>& action,
+                                                const core::BasePriority& priority, core::ActionProviderPtr& provider);
 
     boost::shared_ptr<attr::InColorImg> m_inColorImg;
     boost::shared_ptr<attr::InColorConversionTransform> m_inColorConversionTransform;

@@ -16,8 +16,8 @@
 namespace kovis::imaproc::color
 {
 /// Converts one 2D image with all its channels from one colour space to another, strip by strip. Attributes: InSubColorImg2d,
-/// InColorConversionTransform, OutSubColorImg2d, all to be given by set. X and Y must agree, and the output must be in the target space.
-/// The range of the samples is not looked at.
+/// InColorConversionTransform, OutSubColorImg2d, all to be given by set. X and Y must agree, and the output must be in the target
+/// space. The range of the samples is not looked at.
 class KOVISIPLCOLOR_EXPORT ColorConvertImgLvl2 : public processor::BaseAsync1Processor
 {
     KOVIS_DECLARE_PROCESSOR(ColorConvertImgLvl2);

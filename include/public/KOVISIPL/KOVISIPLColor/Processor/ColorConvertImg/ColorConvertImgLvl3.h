@@ -17,10 +17,10 @@
 
 namespace kovis::imaproc::color
 {
-/// Converts one Y strip of a colour image. Attributes: InColorYStrip2d, InColorConversionTransform, OutColorYStrip2d, all to be given
-/// by set. Its kernels work on whole blocks, so a strip's planes need room past their end; strips of images have it. Where the chain of
-/// spaces has three entries or more, the number of elements must be a multiple of the block, as it always is in a run.
-/// The same planes may be input and output: rows are then written one after the other within a block.
+/// Converts one Y strip of a colour image. Attributes: InColorYStrip2d, InColorConversionTransform, OutColorYStrip2d, all to be
+/// given by set. Its kernels work on whole blocks, so a strip's planes need room past their end; strips of images have it. Where
+/// the chain of spaces has three entries or more, the number of elements must be a multiple of the block, as it always is in a
+/// run. The same planes may be input and output: rows are then written one after the other within a block.
 class KOVISIPLCOLOR_EXPORT ColorConvertImgLvl3 : public processor::BaseProcessingAlgorithm
 {
     KOVIS_DECLARE_PROCESSOR(ColorConvertImgLvl3);
@@ -30,8 +30,8 @@ class KOVISIPLCOLOR_EXPORT ColorConvertImgLvl3 : public processor::BaseProcessin
     static processor::AlgorithmFunctionSelector& retrieveFunctionSelector();
     static processor::AlgorithmFunctionSelector& accessFunctionSelector();
 
-    /// The instruction sets that every run must use from now on; empty means the best that there is. Change them between runs, never
-    /// during one.
+    /// The instruction sets that every run must use from now on; empty means the best that there is. Change them between runs,
+    /// never during one.
     static processor::InstructionSetsIdentifier& retrieveForcedInstructionSets();
     static processor::InstructionSetsIdentifier& accessForcedInstructionSets();
     static void forceInstructionSets(const processor::InstructionSetsIdentifier& instructionSets);

@@ -1,0 +1,100 @@
+#include "KOVIS/KOVISBaseProcessing/ProcessorFactory.h"
+#include "KOVIS/KOVISImage/ImageFactory.h"
+#include "KOVIS/KOVISUtil/DynamicObjectFactory.h"
+#include "KOVIS/KOVISUtil/LogMessageManager.h"
+
+#include <boost/shared_ptr.hpp>
+#include <gtest/gtest.h>
+
+#include <dlfcn.h>
+
+#include <fstream>
+#include <string>
+
+// This program does not link the module: it loads it, runs a conversion, unloads it, and looks at what is left.
+
+namespace kovis
+{
+namespace
+{
+const char* const g_classes[] = {"kovis::imaproc::color::ColorConvertImgLvl1", "kovis::imaproc::color::ColorConvertImgLvl2",
+                                 "kovis::imaproc::color::ColorConvertImgLvl3"};
+const char* const g_domains[] = {"N5kovis7imaproc5color25eOutputInitializerMessage6domainE",
+                                 "N5kovis7imaproc5color12eRuleMessage6domainE",
+                                 "N5kovis7imaproc5color17eProcessorMessage6domainE"};
+
+bool isMapped()
+{
+    std::ifstream maps("/proc/self/maps");
+    std::string line;
+    while (std::getline(maps, line))
+    {
+        if (line.find("libKOVISIPLColor.so") != std::string::npos)
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+using ImagePtr = boost::shared_ptr<image::BaseImage>;
+using Convert = ImagePtr (*)(const boost::shared_ptr<const image::BaseImage>&, const image::eColorGeometryType&);
+
+TEST(ColorModule, LeavesNothingBehindWhenItIsUnloaded)
+{
+    LogMessageManager& messages = *LogMessageManager::getInstance("KOVISIPLColor");
+    const auto& objects = DynamicObjectFactory::getInstance();
+    const auto& processors = processor::ProcessorFactory::getInstance();
+    const ImagePtr in = image::createImage2d(64, 48, image::eCGT_Rgb, image::eIBT_UInt8);
+    image::planeData<unsigned char>(in, 0)[5] = 40;
+    ImagePtr out;
+    for (int i = 0; i < 100; ++i)
+    {
+        ASSERT_FALSE(isMapped()) << i;
+        void* const module = dlopen(KOVIS_COLOR_MODULE, RTLD_NOW | RTLD_LOCAL);
+        ASSERT_NE(module, nullptr) << dlerror();
+        ASSERT_TRUE(isMapped());
+        for (const char* const name : g_classes)
+        {
+            EXPECT_TRUE(objects.isRegistred(name));
+            EXPECT_TRUE(processors.isRegistred(name));
+            EXPECT_EQ(processors.createProcessor(name)->getClassName(), name);
+        }
+        for (const char* const domain : g_domains)
+        {
+            EXPECT_NE(messages.getNbMessages(domain), 0U);
+        }
+        const auto convert = reinterpret_cast<Convert>(dlsym(
+            module,
+            "_ZN5kovis7imaproc5color15colorConvertImgERKN5boost10shared_ptrIKNS_5image9BaseImageEEERKNS4_18eColorGeometryTypeE"));
+        ASSERT_NE(convert, nullptr) << dlerror();
+        out = convert(in, image::eCGT_HSV);
+        ASSERT_EQ(dlclose(module), 0);
+
+        ASSERT_FALSE(isMapped()) << i;
+        for (const char* const name : g_classes)
+        {
+            EXPECT_FALSE(objects.isRegistred(name));
+            EXPECT_FALSE(processors.isRegistred(name));
+        }
+        for (const char* const domain : g_domains)
+        {
+            EXPECT_EQ(messages.getNbMessages(domain), 0U);
+        }
+        // what it made lives on
+        EXPECT_EQ(out->getColorGeometryType(), image::eCGT_HSV);
+        EXPECT_EQ(image::planeData<float>(out, 2)[5], 40.0F);
+        EXPECT_EQ(image::planeData<float>(image::getSlice2d(out, 0, 0), 2)[6], 0.0F);
+    }
+    out.reset();
+    for (const std::string& name : objects.getClassNameColl())
+    {
+        EXPECT_EQ(name.find("kovis::imaproc::color::"), std::string::npos) << name;
+    }
+    for (const std::string& name : processors.getTypeNameColl())
+    {
+        EXPECT_EQ(name.find("kovis::imaproc::color::"), std::string::npos) << name;
+    }
+}
+} // namespace
+} // namespace kovis
