@@ -54,7 +54,8 @@ DataTypeIdentifierColl key(int first, int second)
     return types;
 }
 
-AlgorithmFunctionIdentifier row(const DataTypeIdentifierColl& types, const InstructionSetsIdentifier& instructionSets, unsigned int efficiency)
+AlgorithmFunctionIdentifier row(const DataTypeIdentifierColl& types, const InstructionSetsIdentifier& instructionSets,
+                                unsigned int efficiency)
 {
     AlgorithmFunctionIdentifier identifier;
     identifier.init(types, instructionSets, efficiency, g_function);
@@ -161,10 +162,14 @@ TEST(AlgorithmFunctionSelector, RefusesRowsThatCannotBe)
     AlgorithmFunctionSelector selector;
     EXPECT_TRUE(selector.registerFunction(row(key(2, 7), sets(IS::eIS_Generic), 0)).getResult());
     EXPECT_THAT(selector.registerFunction(row(key(2, 7), sets(IS::eIS_Generic), 1)).getMessage(), HasSubstr("already"));
-    EXPECT_THAT(selector.registerFunction(row(DataTypeIdentifierColl(), sets(IS::eIS_Generic), 0)).getMessage(), HasSubstr("no data types"));
-    EXPECT_THAT(selector.registerFunction(row(key(2, 7), InstructionSetsIdentifier(), 0)).getMessage(), HasSubstr("names no instruction sets"));
-    EXPECT_THAT(selector.registerFunction(row(key(2, 7), sets(static_cast<IS::domain>(9)), 0)).getMessage(), HasSubstr("does not have"));
-    EXPECT_THAT(selector.registerFunction(row(key(2, 7), sets(static_cast<IS::domain>(-1)), 0)).getMessage(), HasSubstr("does not have"));
+    EXPECT_THAT(selector.registerFunction(row(DataTypeIdentifierColl(), sets(IS::eIS_Generic), 0)).getMessage(),
+                HasSubstr("no data types"));
+    EXPECT_THAT(selector.registerFunction(row(key(2, 7), InstructionSetsIdentifier(), 0)).getMessage(),
+                HasSubstr("names no instruction sets"));
+    EXPECT_THAT(selector.registerFunction(row(key(2, 7), sets(static_cast<IS::domain>(9)), 0)).getMessage(),
+                HasSubstr("does not have"));
+    EXPECT_THAT(selector.registerFunction(row(key(2, 7), sets(static_cast<IS::domain>(-1)), 0)).getMessage(),
+                HasSubstr("does not have"));
     AlgorithmFunctionIdentifier noFunction;
     noFunction.init(key(2, 7), sets(IS::eIS_SSE2), 0, nullptr);
     EXPECT_THAT(selector.registerFunction(noFunction).getMessage(), HasSubstr("has no function"));
@@ -210,7 +215,9 @@ TEST(AlgorithmFunctionSelector, HoldsAFullTableOfThreeTypes)
         // In the order of registration, and each found by its key and sets.
         ASSERT_EQ(i, selector.getFunctions()[i].getEfficiency());
         AlgorithmFunctionIdentifier chosen;
-        ASSERT_TRUE(selector.select(selector.getFunctions()[i].getDataTypes(), selector.getFunctions()[i].getInstructionSets(), chosen).getResult());
+        ASSERT_TRUE(
+            selector.select(selector.getFunctions()[i].getDataTypes(), selector.getFunctions()[i].getInstructionSets(), chosen)
+                .getResult());
         ASSERT_EQ(i, chosen.getEfficiency());
     }
 }

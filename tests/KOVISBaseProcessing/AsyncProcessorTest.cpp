@@ -43,8 +43,8 @@ public:
 protected:
     using BaseAsync1Processor::retrieveProvider;
 
-    BoolResult initDerived(Attributes& attributes, Initializers&, processor::ProcessorDispatchPolicy&, boost::shared_ptr<processor::BaseRule>&,
-                           const processor::eProcessorRulePolicy&) override
+    BoolResult initDerived(Attributes& attributes, Initializers&, processor::ProcessorDispatchPolicy&,
+                           boost::shared_ptr<processor::BaseRule>&, const processor::eProcessorRulePolicy&) override
     {
         attributes.clear();
         return BoolResult(true);
@@ -63,11 +63,14 @@ TEST(AsyncProcessor, AsksEachStepWhenTheOneBeforeHasEnded)
     processor->init();
     for (int step = 0; step < 3; ++step)
     {
-        processor->m_steps[step] = [&, step](ActionProviderPtr& provider) {
-            return provide(provider, [&, step] {
-                processor->m_log.push_back("work " + std::to_string(step));
-                return BoolResult(true);
-            });
+        processor->m_steps[step] = [&, step](ActionProviderPtr& provider)
+        {
+            return provide(provider,
+                           [&, step]
+                           {
+                               processor->m_log.push_back("work " + std::to_string(step));
+                               return BoolResult(true);
+                           });
         };
     }
     processor::executeSyncRun(processor);
@@ -82,7 +85,8 @@ TEST(AsyncProcessor, AStepWithoutWorkIsPassedOver)
     const auto processor = boost::make_shared<ToyStepProcessor>();
     processor->init();
     double progress = -1.0;
-    processor->m_steps[2] = [&](ActionProviderPtr& provider) {
+    processor->m_steps[2] = [&](ActionProviderPtr& provider)
+    {
         progress = processor->getProgress();
         return provide(provider, [] { return BoolResult(true); });
     };
@@ -112,7 +116,8 @@ TEST(AsyncProcessor, AFailedStepEndsTheRunWithItsMessage)
     EXPECT_EQ(nullptr, processor->m_out->getStorage());
 
     processor->m_steps[1] = [](ActionProviderPtr&) { return RetrievalResult(processor::eRS_Failed); };
-    EXPECT_EQ("step 1 of 3 of processor ToyStepProcessor failed, and gave no reason", getRunFailure<KOVISCoreException>(processor));
+    EXPECT_EQ("step 1 of 3 of processor ToyStepProcessor failed, and gave no reason",
+              getRunFailure<KOVISCoreException>(processor));
     processor->m_steps[1] = [](ActionProviderPtr&) { return RetrievalResult(processor::eRS_Provided); };
     EXPECT_EQ("step 1 of 3 of processor ToyStepProcessor promised work and gave no provider of it",
               getRunFailure<KOVISCoreException>(processor));
@@ -130,12 +135,14 @@ TEST(AsyncProcessor, AnExceptionInNestedWorkArrivesOnceAndUnchanged)
     };
     const auto processor = boost::make_shared<ToyStepProcessor>();
     processor->init();
-    processor->m_steps[0] = [](ActionProviderPtr& provider) {
+    processor->m_steps[0] = [](ActionProviderPtr& provider)
+    {
         std::vector<boost::shared_ptr<core::BaseAction>> pieces;
         for (int i = 0; i < 64; ++i)
         {
             const auto piece = makeReadyProcessor();
-            piece->m_hooks.m_main = [i]() -> BoolResult {
+            piece->m_hooks.m_main = [i]() -> BoolResult
+            {
                 if (i % 8 == 7)
                 {
                     throw OwnError{i};
@@ -174,12 +181,15 @@ TEST(AsyncProcessor, CancellationEndsTheRunBetweenSteps)
     processor->init();
     std::promise<void> begun;
     std::promise<void> goOn;
-    processor->m_steps[0] = [&](ActionProviderPtr& provider) {
-        return provide(provider, [&] {
-            begun.set_value();
-            goOn.get_future().wait();
-            return BoolResult(true);
-        });
+    processor->m_steps[0] = [&](ActionProviderPtr& provider)
+    {
+        return provide(provider,
+                       [&]
+                       {
+                           begun.set_value();
+                           goOn.get_future().wait();
+                           return BoolResult(true);
+                       });
     };
     EXPECT_TRUE(processor->run(core::eST_Asynchronous).getResult());
     begun.get_future().wait();
@@ -203,7 +213,8 @@ TEST(AsyncProcessor, CancellationInsideAStepOfNoWorkStopsBeforeTheNext)
 {
     const auto processor = boost::make_shared<ToyStepProcessor>();
     processor->init();
-    processor->m_steps[1] = [&](ActionProviderPtr&) {
+    processor->m_steps[1] = [&](ActionProviderPtr&)
+    {
         processor->requestCancellation();
         return RetrievalResult(processor::eRS_NoWork);
     };

@@ -91,7 +91,8 @@ public:
     eSplitStaticType getSplitStaticType() const override { return eSST_SubImage; }
     BoolResult processAttribute(BaseProcessor& processor, unsigned int index, const core::BaseRequestOrigin&) override
     {
-        return static_cast<int>(index) == m_badIndex ? BoolResult(false, "no such piece") : setAttribute(processor, toyValue(static_cast<int>(index)));
+        return static_cast<int>(index) == m_badIndex ? BoolResult(false, "no such piece")
+                                                     : setAttribute(processor, toyValue(static_cast<int>(index)));
     }
     int m_badIndex = -1;
 };
@@ -106,7 +107,8 @@ public:
         initDynamic(location, rowLength, elementBytes);
     }
     eSplitDynamicType getSplitDynamicType() const override { return eSDT_ImageStrip; }
-    BoolResult processAttribute(BaseProcessor& processor, unsigned long begin, unsigned long end, const core::BaseRequestOrigin&) override
+    BoolResult processAttribute(BaseProcessor& processor, unsigned long begin, unsigned long end,
+                                const core::BaseRequestOrigin&) override
     {
         {
             const std::lock_guard lock(g_mutex);
@@ -158,7 +160,9 @@ TEST_F(Dispatcher, EachPieceGetsAProcessorOfItsOwn)
     const auto dispatcher = boost::make_shared<StaticProcessorDispatcher<ToyPiece>>();
     EXPECT_EQ("ToyPiece", dispatcher->getProcessorName());
     EXPECT_EQ("tip of ToyPiece", dispatcher->getProcessorToolTip());
-    ASSERT_TRUE(dispatcher->initBase(core::BasePriority(3), StaticSplits{staticSplit(50), staticNoSplit<ToyPiece, InToy2>(toyValue(9))}).getResult());
+    ASSERT_TRUE(
+        dispatcher->initBase(core::BasePriority(3), StaticSplits{staticSplit(50), staticNoSplit<ToyPiece, InToy2>(toyValue(9))})
+            .getResult());
     EXPECT_EQ(50U, dispatcher->getNbPieces());
     EXPECT_EQ(50U, dispatcher->getNbPendingActions());
     EXPECT_TRUE(dispatcher->hasPendingAction());
@@ -199,21 +203,24 @@ TEST_F(Dispatcher, SplitsOfDifferentNumbersOfPiecesAreBothNamed)
     const auto second = boost::make_shared<SecondSplit<ToyStaticSplit>>();
     second->initBase(4);
     StaticProcessorDispatcher<ToyPiece> dispatcher;
-    const BoolResult result =
-        dispatcher.initBase(core::BasePriority(), StaticSplits{staticNoSplit<ToyPiece, InToy2>(toyValue(9)), staticSplit(3), second});
+    const BoolResult result = dispatcher.initBase(
+        core::BasePriority(), StaticSplits{staticNoSplit<ToyPiece, InToy2>(toyValue(9)), staticSplit(3), second});
     EXPECT_FALSE(result.getResult());
-    EXPECT_EQ("the splits for processor ToyPiece do not fit each other: attribute InToy is cut into 3 pieces, attribute InToy2 into 4",
-              result.getMessage());
+    EXPECT_EQ(
+        "the splits for processor ToyPiece do not fit each other: attribute InToy is cut into 3 pieces, attribute InToy2 into 4",
+        result.getMessage());
 }
 
 TEST_F(Dispatcher, SplitsThatCannotBeUsedAreRefused)
 {
     StaticProcessorDispatcher<ToyPiece> dispatcher;
     EXPECT_THAT(dispatcher.initBase(core::BasePriority(), StaticSplits{}).getMessage(), HasSubstr("needs at least one split"));
-    EXPECT_THAT(dispatcher.initBase(core::BasePriority(), StaticSplits{staticSplit(1), nullptr}).getMessage(), HasSubstr("no split at place 1"));
+    EXPECT_THAT(dispatcher.initBase(core::BasePriority(), StaticSplits{staticSplit(1), nullptr}).getMessage(),
+                HasSubstr("no split at place 1"));
     EXPECT_THAT(dispatcher.initBase(core::BasePriority(), StaticSplits{boost::make_shared<ToyStaticSplit>()}).getMessage(),
                 HasSubstr("split of attribute InToy of processor ToyPiece must be initialised"));
-    EXPECT_THAT(dispatcher.initBase(core::BasePriority(), StaticSplits{staticSplit(1UL << 33)}).getMessage(), HasSubstr("too many"));
+    EXPECT_THAT(dispatcher.initBase(core::BasePriority(), StaticSplits{staticSplit(1UL << 33)}).getMessage(),
+                HasSubstr("too many"));
     DynamicProcessorDispatcher<ToyPiece> dynamic;
     EXPECT_FALSE(dynamic.initBase(core::BasePriority(), DynamicSplits{}).getResult());
     const auto second = boost::make_shared<SecondSplit<ToyDynamicSplit>>();
@@ -240,7 +247,10 @@ TEST_F(Dispatcher, OnlyValuesThatAreNotCutMakeOnePiece)
 class WrongDispatcher : public StaticProcessorDispatcher<ToyPiece>
 {
 public:
-    boost::shared_ptr<BaseProcessor> createProcessor() const override { return m_bNothing ? nullptr : boost::make_shared<ToySyncProcessor>(); }
+    boost::shared_ptr<BaseProcessor> createProcessor() const override
+    {
+        return m_bNothing ? nullptr : boost::make_shared<ToySyncProcessor>();
+    }
     bool m_bNothing = false;
 };
 
@@ -271,7 +281,8 @@ TEST_F(Dispatcher, AProcessorOfAnotherClassIsNotTouched)
 
 TEST_F(Dispatcher, WhatFailsInAPieceIsTheMessage)
 {
-    const auto run = [](int badIndex) {
+    const auto run = [](int badIndex)
+    {
         const auto split = staticSplit(8);
         split->m_badIndex = badIndex;
         const auto dispatcher = boost::make_shared<StaticProcessorDispatcher<ToyPiece>>();
@@ -350,7 +361,9 @@ TEST_F(Dispatcher, PiecesCoverTheElementsOnceAtAnyStripHeight)
                 const auto split = dynamicSplit(rowLength * nbRows, rowLength);
                 const auto dispatcher = boost::make_shared<DynamicProcessorDispatcher<ToyPiece>>();
                 ASSERT_TRUE(
-                    dispatcher->initBase(core::BasePriority(), DynamicSplits{split, dynamicNoSplit<ToyPiece, InToy2>(toyValue(9))}).getResult());
+                    dispatcher
+                        ->initBase(core::BasePriority(), DynamicSplits{split, dynamicNoSplit<ToyPiece, InToy2>(toyValue(9))})
+                        .getResult());
                 core::runProvider(dispatcher);
                 ToyPiece::reset();
                 std::sort(split->m_ranges.begin(), split->m_ranges.end());

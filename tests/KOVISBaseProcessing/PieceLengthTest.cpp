@@ -5,12 +5,13 @@
 
 namespace
 {
-using kovis::processor::detail::PieceConditions;
 using kovis::processor::detail::choosePieceLength;
+using kovis::processor::detail::PieceConditions;
 
 constexpr std::size_t g_mebibyte = 1024 * 1024;
 
-PieceConditions conditions(unsigned long sizeX, unsigned long sizeY, std::size_t elementBytes, std::size_t cache, unsigned int nbThreads)
+PieceConditions conditions(unsigned long sizeX, unsigned long sizeY, std::size_t elementBytes, std::size_t cache,
+                           unsigned int nbThreads)
 {
     PieceConditions result;
     result.m_nbElements = sizeX * sizeY;

@@ -155,7 +155,8 @@ TEST(ProcessingAlgorithm, ParsersThatDisagreeOrAreMissingAreErrors)
     const auto algorithm = makeAlgorithm();
     addParser(*algorithm, 128, 100);
     addParser(*algorithm, 128, 101);
-    EXPECT_EQ("the attributes of processor ToyAlgorithm do not cover the same elements: the first has 128, of which 100 exact, the one at place "
+    EXPECT_EQ("the attributes of processor ToyAlgorithm do not cover the same elements: the first has 128, of which 100 exact, "
+              "the one at place "
               "1, counted from 0, has 128, of which 101 exact",
               getRunFailure<KOVISCoreException>(algorithm));
     EXPECT_THAT(algorithm->m_log, ElementsAre("pre", "parsers", "clear all"));
@@ -180,7 +181,8 @@ TEST(ProcessingAlgorithm, NoRowForTheForcedSetsEndsTheRunBeforeTheParsers)
 {
     const auto algorithm = makeAlgorithm();
     algorithm->m_forced.init(eInstructionSet::eIS_SSE2);
-    EXPECT_THAT(getRunFailure<KOVISCoreException>(algorithm), HasSubstr("data types f32 (7) with the forced instruction sets SSE2"));
+    EXPECT_THAT(getRunFailure<KOVISCoreException>(algorithm),
+                HasSubstr("data types f32 (7) with the forced instruction sets SSE2"));
     EXPECT_TRUE(algorithm->m_log.empty());
     algorithm->m_forced.clear();
     executeSyncRun(algorithm);

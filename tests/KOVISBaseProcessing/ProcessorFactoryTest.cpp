@@ -27,7 +27,9 @@ public:
     static const ProcessorSourceLocation& getSourceLocation()
     {
         static const ProcessorSourceLocation g_location{
-            "ToyModule", "/tree/include/partner/Toy/ToyModuleProcessor.h", {"/tree/include/public", "/tree/include/partner", "/tree/include/private"}};
+            "ToyModule",
+            "/tree/include/partner/Toy/ToyModuleProcessor.h",
+            {"/tree/include/public", "/tree/include/partner", "/tree/include/private"}};
         return g_location;
     }
 };
@@ -60,7 +62,8 @@ TEST(ProcessorFactory, UnknownNamesAndMissingCreatorsAreErrors)
     EXPECT_THROW(factory.createProcessor("toy::Nobody"), KOVISBaseProcessingException);
     EXPECT_THROW(factory.getProcessorInfo("toy::Nobody"), KOVISBaseProcessingException);
     EXPECT_THAT(factory.unRegisterProcessor("toy::Nobody").getMessage(), HasSubstr("toy::Nobody is not registered"));
-    EXPECT_THAT(factory.registerProcessor("toy::Nobody", ProcessorFactory::ProcessorInfo()).getMessage(), HasSubstr("without a function"));
+    EXPECT_THAT(factory.registerProcessor("toy::Nobody", ProcessorFactory::ProcessorInfo()).getMessage(),
+                HasSubstr("without a function"));
     EXPECT_FALSE(factory.isRegistred("toy::Nobody"));
 }
 } // namespace

@@ -134,7 +134,8 @@ TEST(Processor, MissingInputIsNamedBeforeAnythingIsMade)
     processor->m_hooks.m_rule = rule;
     processor->init();
     processor->set<InToy>(toyValue(3));
-    EXPECT_EQ("input InToy2 of processor ToySyncProcessor is not set: set it before the run", getRunFailure<KOVISCoreException>(processor));
+    EXPECT_EQ("input InToy2 of processor ToySyncProcessor is not set: set it before the run",
+              getRunFailure<KOVISCoreException>(processor));
     processor->set<InToy2>(boost::shared_ptr<int>());
     EXPECT_EQ("input InToy2 of processor ToySyncProcessor is a null pointer: set it to an object before the run",
               getRunFailure<KOVISCoreException>(processor));
@@ -146,9 +147,11 @@ TEST(Processor, OutputThatNothingMakesIsNamed)
 {
     const auto processor = makeReadyProcessor();
     processor->m_out->clear();
-    EXPECT_THAT(getRunFailure<KOVISCoreException>(processor), HasSubstr("output OutToy of processor ToySyncProcessor is not set"));
+    EXPECT_THAT(getRunFailure<KOVISCoreException>(processor),
+                HasSubstr("output OutToy of processor ToySyncProcessor is not set"));
     processor->set<OutToy>(boost::shared_ptr<int>());
-    EXPECT_THAT(getRunFailure<KOVISCoreException>(processor), HasSubstr("output OutToy of processor ToySyncProcessor is not set"));
+    EXPECT_THAT(getRunFailure<KOVISCoreException>(processor),
+                HasSubstr("output OutToy of processor ToySyncProcessor is not set"));
 
     processor->m_hooks.m_bInitializer = true;
     processor->m_hooks.m_initializer = [] { return BoolResult(true); };
@@ -197,7 +200,8 @@ TEST(Processor, FailedWorkTakesOutWhatWasMadeAndLeavesWhatWasGiven)
 
     // What is set while the run is under way is the caller's too.
     processor->m_out->clear();
-    hooks.m_main = [&] {
+    hooks.m_main = [&]
+    {
         processor->set<OutToy>(given);
         return BoolResult(false, "kernel broke");
     };
@@ -260,7 +264,8 @@ TEST(Processor, InitIsRefusedDuringARun)
     const auto processor = makeReadyProcessor();
     std::promise<void> begun;
     std::promise<void> goOn;
-    processor->m_hooks.m_main = [&] {
+    processor->m_hooks.m_main = [&]
+    {
         begun.set_value();
         goOn.get_future().wait();
         return BoolResult(true);
@@ -269,7 +274,8 @@ TEST(Processor, InitIsRefusedDuringARun)
     begun.get_future().wait();
     const BoolResult result = processor->init();
     EXPECT_FALSE(result.getResult());
-    EXPECT_EQ("processor ToySyncProcessor cannot be initialised while a run of it is under way: wait for its end first", result.getMessage());
+    EXPECT_EQ("processor ToySyncProcessor cannot be initialised while a run of it is under way: wait for its end first",
+              result.getMessage());
     EXPECT_TRUE(processor->isInitialised());
     goOn.set_value();
     EXPECT_TRUE(processor->wait().getResult());
@@ -292,18 +298,20 @@ TEST(Processor, AttributeStorageIsSafeFromManyThreads)
     std::atomic<int> nbBad{0};
     for (int i = 0; i < 4; ++i)
     {
-        threads.emplace_back([&attribute, &nbBad, i] {
-            for (int round = 0; round < 2000; ++round)
+        threads.emplace_back(
+            [&attribute, &nbBad, i]
             {
-                attribute.init(toyValue(i));
-                const boost::shared_ptr<int> value = attribute.getStorage();
-                nbBad += value != nullptr && (*value < 0 || *value > 3) ? 1 : 0;
-                if (round % 7 == 0)
+                for (int round = 0; round < 2000; ++round)
                 {
-                    attribute.clear();
+                    attribute.init(toyValue(i));
+                    const boost::shared_ptr<int> value = attribute.getStorage();
+                    nbBad += value != nullptr && (*value < 0 || *value > 3) ? 1 : 0;
+                    if (round % 7 == 0)
+                    {
+                        attribute.clear();
+                    }
                 }
-            }
-        });
+            });
     }
     for (std::thread& thread : threads)
     {

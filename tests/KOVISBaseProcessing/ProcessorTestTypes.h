@@ -32,12 +32,13 @@ public:
     boost::shared_ptr<OutOptToy> m_outOpt;
     boost::shared_ptr<OutToy> m_out;
 
-    using BaseSyncProcessor::getProcessorType;
     using BaseProcessor::globalCleanDerived;
+    using BaseSyncProcessor::getProcessorType;
 
 protected:
     BoolResult initDerived(Attributes& attributes, Initializers& initializers, processor::ProcessorDispatchPolicy& policy,
-                           boost::shared_ptr<processor::BaseRule>& rule, const processor::eProcessorRulePolicy& rulePolicy) override
+                           boost::shared_ptr<processor::BaseRule>& rule,
+                           const processor::eProcessorRulePolicy& rulePolicy) override
     {
         if (m_hooks.m_init)
         {
@@ -55,15 +56,17 @@ protected:
         initializers.clear();
         if (m_hooks.m_bInitializer)
         {
-            initializers["OutToy"] = boost::make_shared<ToyInitializer>([this] {
-                m_hooks.m_log.push_back("initializer");
-                if (m_hooks.m_initializer)
+            initializers["OutToy"] = boost::make_shared<ToyInitializer>(
+                [this]
                 {
-                    return m_hooks.m_initializer();
-                }
-                m_out->init(toyValue(0));
-                return BoolResult(true);
-            });
+                    m_hooks.m_log.push_back("initializer");
+                    if (m_hooks.m_initializer)
+                    {
+                        return m_hooks.m_initializer();
+                    }
+                    m_out->init(toyValue(0));
+                    return BoolResult(true);
+                });
         }
         policy.initDefault();
         if (rulePolicy == processor::ePRP_Rules)
@@ -113,10 +116,12 @@ protected:
     {
         m_out = boost::make_shared<OutToy>();
         attributes = {m_out};
-        initializers["OutToy"] = boost::make_shared<ToyInitializer>([this] {
-            m_out->init(toyValue(0));
-            return BoolResult(true);
-        });
+        initializers["OutToy"] = boost::make_shared<ToyInitializer>(
+            [this]
+            {
+                m_out->init(toyValue(0));
+                return BoolResult(true);
+            });
         policy.initDefault();
         return BoolResult(true);
     }
@@ -141,9 +146,18 @@ protected:
         m_stepNumbers.emplace_back(step, nbSteps);
         return BaseAsync3Processor::retrieveProvider(priority, step, nbSteps, provider);
     }
-    processor::RetrievalResult retrieveFirstProvider(const core::BasePriority&, core::ActionProviderPtr& provider) override { return answer(0, provider); }
-    processor::RetrievalResult retrieveSecondProvider(const core::BasePriority&, core::ActionProviderPtr& provider) override { return answer(1, provider); }
-    processor::RetrievalResult retrieveThirdProvider(const core::BasePriority&, core::ActionProviderPtr& provider) override { return answer(2, provider); }
+    processor::RetrievalResult retrieveFirstProvider(const core::BasePriority&, core::ActionProviderPtr& provider) override
+    {
+        return answer(0, provider);
+    }
+    processor::RetrievalResult retrieveSecondProvider(const core::BasePriority&, core::ActionProviderPtr& provider) override
+    {
+        return answer(1, provider);
+    }
+    processor::RetrievalResult retrieveThirdProvider(const core::BasePriority&, core::ActionProviderPtr& provider) override
+    {
+        return answer(2, provider);
+    }
 
 private:
     processor::RetrievalResult answer(unsigned int step, core::ActionProviderPtr& provider)

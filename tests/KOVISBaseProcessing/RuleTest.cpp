@@ -53,7 +53,8 @@ TEST(Rule, AndStopsAtTheFirstThatFailsAndNamesItAlone)
 
 TEST(Rule, AndHoldsIfAllHold)
 {
-    const boost::shared_ptr<BaseRule> both = boost::shared_ptr<BaseRule>(rule("first", true)) && boost::shared_ptr<BaseRule>(rule("second", true));
+    const boost::shared_ptr<BaseRule> both =
+        boost::shared_ptr<BaseRule>(rule("first", true)) && boost::shared_ptr<BaseRule>(rule("second", true));
     EXPECT_TRUE(both->testRule());
     EXPECT_EQ("first with values\nsecond with values", both->createRuleEvaluatedString(0));
 }

@@ -61,20 +61,24 @@ TEST_F(ImageRule, BufferTypesAreComparedByValue)
         m_out->init(makeImage(4, 5, 1, 1, 1, type));
         EXPECT_FALSE(matchBufferType(m_in, m_out)->testRule());
     }
-    EXPECT_THAT(matchBufferType(m_in, m_out)->createRuleEvaluatedString(0), HasSubstr("buffer type 2] and output image OutToyImg"));
+    EXPECT_THAT(matchBufferType(m_in, m_out)->createRuleEvaluatedString(0),
+                HasSubstr("buffer type 2] and output image OutToyImg"));
     m_out->init(makeImage(9, 9, 1, 1, 1, image::eIBT_UInt8));
     EXPECT_TRUE(matchBufferType(m_in, m_out)->testRule());
 }
 
 TEST_F(ImageRule, TextsNameBothImages)
 {
-    EXPECT_EQ("size match between input image InToyImg and output image OutToyImg in X and Y", match2dSize(m_in, m_out)->createRuleFormalString());
+    EXPECT_EQ("size match between input image InToyImg and output image OutToyImg in X and Y",
+              match2dSize(m_in, m_out)->createRuleFormalString());
     EXPECT_EQ("size match between input image InToyImg and output image OutToyImg in X, Y, Z, channels and T",
               matchSize(m_in, m_out)->createRuleFormalString());
-    EXPECT_EQ("buffer type match between input image InToyImg and output image OutToyImg", matchBufferType(m_in, m_out)->createRuleFormalString());
+    EXPECT_EQ("buffer type match between input image InToyImg and output image OutToyImg",
+              matchBufferType(m_in, m_out)->createRuleFormalString());
     m_in->init(makeImage(4, 5, 2, 3, 1));
     m_out->init(makeImage(4, 6, 2, 1, 1));
-    EXPECT_EQ("  size match between input image InToyImg [4 x 5 x 2, 3 channels, u8] and output image OutToyImg [4 x 6 x 2, 1 channel, u8] in X and Y",
+    EXPECT_EQ("  size match between input image InToyImg [4 x 5 x 2, 3 channels, u8] and output image OutToyImg [4 x 6 x 2, 1 "
+              "channel, u8] in X and Y",
               match2dSize(m_in, m_out)->createRuleEvaluatedString(1));
 }
 
@@ -100,13 +104,15 @@ TEST_F(ImageRule, StripsMatchByPlanarSizeAndBufferType)
     out->init(image::makeOutputStrip(makeImage(8, 5, 1, 1, 1, image::eIBT_UInt8_8), 1, 4));
     EXPECT_TRUE(matchPlanarSize(in, out)->testRule());
     EXPECT_FALSE(matchBufferType(in, out)->testRule());
-    EXPECT_EQ("buffer type match between input strip InToyStrip [8 x 4, 3 channels, u8, buffer type 2] and output strip OutToyStrip [8 x 4, 1 "
+    EXPECT_EQ("buffer type match between input strip InToyStrip [8 x 4, 3 channels, u8, buffer type 2] and output strip "
+              "OutToyStrip [8 x 4, 1 "
               "channel, u8, buffer type 8]",
               matchBufferType(in, out)->createRuleEvaluatedString(0));
     out->init(image::makeOutputStrip(makeImage(8, 5, 1, 1, 1, image::eIBT_UInt8), 1, 3));
     EXPECT_FALSE(matchPlanarSize(in, out)->testRule());
     EXPECT_TRUE(matchBufferType(in, out)->testRule());
-    EXPECT_EQ("size match between input strip InToyStrip and output strip OutToyStrip in X and Y", matchPlanarSize(in, out)->createRuleFormalString());
+    EXPECT_EQ("size match between input strip InToyStrip and output strip OutToyStrip in X and Y",
+              matchPlanarSize(in, out)->createRuleFormalString());
 }
 
 /// A rule of its own on whatever two attributes.

@@ -69,8 +69,9 @@ TEST(SubImageSplit, PlanesGoByTimeZAndChannel)
 {
     const ImagePtr image = makeImage(4, 3, 2, 3, 2);
     InSplit split;
-    ASSERT_TRUE(split.initBase(static_cast<eSubImageSplitType>(0), static_cast<eVolumeParsingType>(0), static_cast<eColorParsingType>(0),
-                               static_cast<eTemporalParsingType>(0), image)
+    ASSERT_TRUE(split
+                    .initBase(static_cast<eSubImageSplitType>(0), static_cast<eVolumeParsingType>(0),
+                              static_cast<eColorParsingType>(0), static_cast<eTemporalParsingType>(0), image)
                     .getResult());
     ASSERT_EQ(12U, split.getNbElements());
     ToyImgLvl2 processor;
@@ -97,7 +98,8 @@ TEST(SubImageSplit, RefusesWhatItCannotCut)
     InSplit split;
     ToyImgLvl2 processor;
     processor.init();
-    EXPECT_THAT(split.processAttribute(processor, 0, core::BaseRequestOrigin()).getMessage(), HasSubstr("must be initialised before it is cut"));
+    EXPECT_THAT(split.processAttribute(processor, 0, core::BaseRequestOrigin()).getMessage(),
+                HasSubstr("must be initialised before it is cut"));
     EXPECT_THAT(split.initBase(eSIST_Slices, eVPT_Slices, eCPT_AllChannels, eTPT_Steps, nullptr).getMessage(),
                 HasSubstr("split of attribute InToyImg was given a null pointer"));
     const auto gpu = boost::make_shared<GpuImage>(image->getGeometry());
@@ -105,7 +107,8 @@ TEST(SubImageSplit, RefusesWhatItCannotCut)
                 HasSubstr("cannot cut image [4 x 3 x 2, 2 time steps, 3 channels, u8], which lies on a GPU"));
     EXPECT_THAT(split.initBase(eSIST_Slices, eVPT_Slices, eCPT_Channels, eTPT_Steps, image).getMessage(),
                 HasSubstr("no cut of split type 2 with volume parsing 0, colour parsing 0"));
-    EXPECT_THAT(split.initBase(eSIST_WholeOnGpu, eVPT_Slices, eCPT_AllChannels, eTPT_Steps, image).getMessage(), HasSubstr("split type 7"));
+    EXPECT_THAT(split.initBase(eSIST_WholeOnGpu, eVPT_Slices, eCPT_AllChannels, eTPT_Steps, image).getMessage(),
+                HasSubstr("split type 7"));
     EXPECT_FALSE(split.isBaseInitialised());
     EXPECT_FALSE(split.checkProcessorType(ToyImgLvl3()));
     EXPECT_TRUE(split.checkProcessorType(processor));
@@ -136,12 +139,14 @@ TEST(ImageYStripSplit, RefusesWhatItCannotCut)
     InStripSplit split;
     ToyImgLvl3 processor;
     processor.init();
-    EXPECT_THAT(split.processAttribute(processor, 0UL, 1UL, core::BaseRequestOrigin()).getMessage(), HasSubstr("must be initialised before it is cut"));
+    EXPECT_THAT(split.processAttribute(processor, 0UL, 1UL, core::BaseRequestOrigin()).getMessage(),
+                HasSubstr("must be initialised before it is cut"));
     EXPECT_FALSE(split.initBase(nullptr, eSAT_InImage, eSPD_TopToBottom, false).getResult());
     const ImagePtr volume = makeImage(4, 4, 2, 1, 1);
     EXPECT_THAT(split.initBase(volume, eSAT_InImage, eSPD_TopToBottom, false).getMessage(), HasSubstr("cuts 2D images only"));
-    EXPECT_THAT(split.initBase(boost::make_shared<GpuImage>(volume->getGeometry()), eSAT_InImage, eSPD_TopToBottom, false).getMessage(),
-                HasSubstr("lies on a GPU"));
+    EXPECT_THAT(
+        split.initBase(boost::make_shared<GpuImage>(volume->getGeometry()), eSAT_InImage, eSPD_TopToBottom, false).getMessage(),
+        HasSubstr("lies on a GPU"));
     EXPECT_THAT(split.initBase(makeImage(4, 4, 1, 1, 1), eSAT_InImage, eSPD_TopToBottom, true).getMessage(), HasSubstr("border"));
     EXPECT_FALSE(split.isBaseInitialised());
 }
@@ -155,8 +160,9 @@ protected:
     BoolResult runDerived() override { return BoolResult(true); }
     processor::eProcessorType getProcessorType() const override { return processor::eProcessorType::sync; }
     BoolResult initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                           std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>&, processor::ProcessorDispatchPolicy&,
-                           boost::shared_ptr<processor::BaseRule>&, const processor::eProcessorRulePolicy&) override
+                           std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>&,
+                           processor::ProcessorDispatchPolicy&, boost::shared_ptr<processor::BaseRule>&,
+                           const processor::eProcessorRulePolicy&) override
     {
         attributes = {boost::make_shared<OutToyGreyStrip>()};
         return BoolResult(true);
@@ -187,7 +193,8 @@ TEST(StripParserInfo, MakesAParserOfEachBufferTypesElements)
         image::HomogeneousImageGeometry geometry;
         image::ColorGeometry color;
         color.initUser(2);
-        geometry.init(image::VolumeGeometry(), color, image::TemporalGeometry(), 64, 2, static_cast<image::eImageBufferType>(type));
+        geometry.init(image::VolumeGeometry(), color, image::TemporalGeometry(), 64, 2,
+                      static_cast<image::eImageBufferType>(type));
         const auto strip = image::makeOutputStrip(image::createImage(geometry), 0, 2);
         attribute->init(strip);
         const auto parser = Info::createParser(attribute);
@@ -207,7 +214,8 @@ TEST(StripParserInfo, MakesAParserOfEachBufferTypesElements)
     const auto grey = boost::make_shared<OutToyGreyStrip>();
     const ImagePtr image = makeImage(64, 1, 1, 1, 1);
     grey->init(boost::make_shared<image::OutputImageYStrip2d>(image, ElementsRange(0, 64), image::eStripElements::exact));
-    const auto parser = StripParserInfo<RawStripParserMode, BaseOutputYStrip2dAttribute, BaseOutputYStrip2dAttribute>::createParser(grey);
+    const auto parser =
+        StripParserInfo<RawStripParserMode, BaseOutputYStrip2dAttribute, BaseOutputYStrip2dAttribute>::createParser(grey);
     EXPECT_EQ(image::planeData<unsigned char>(image),
               (dynamic_cast<RawYStrip2dParser<unsigned char, BaseOutputYStrip2dAttribute>&>(*parser).accessBuffer()));
 }

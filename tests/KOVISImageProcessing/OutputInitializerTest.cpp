@@ -88,7 +88,8 @@ TEST_F(OutputInitializer, WhatCannotBeMadeIsTold)
     m_in->clear();
     EXPECT_FALSE(info->hasInputImage());
     EXPECT_THROW(initializer->initOutputAttribute(), KOVISImageProcessingException);
-    EXPECT_THAT(customOutput<OutToyImg>(m_out, nullptr)->initOutputAttribute().getMessage(), HasSubstr("no description of the image for output OutToyImg"));
+    EXPECT_THAT(customOutput<OutToyImg>(m_out, nullptr)->initOutputAttribute().getMessage(),
+                HasSubstr("no description of the image for output OutToyImg"));
     m_out.reset();
     EXPECT_THAT(initializer->initOutputAttribute().getMessage(), HasSubstr("is gone"));
     m_in.reset();
@@ -97,7 +98,9 @@ TEST_F(OutputInitializer, WhatCannotBeMadeIsTold)
 
 TEST_F(OutputInitializer, DuplicatesTakeTheInputsShape)
 {
-    ASSERT_TRUE((duplicateInOut<InToyImg, OutToyImg>(m_out, m_in, static_cast<image::eImageBufferType>(7), eIIDP_AsInput)->initOutputAttribute().getResult()));
+    ASSERT_TRUE((duplicateInOut<InToyImg, OutToyImg>(m_out, m_in, static_cast<image::eImageBufferType>(7), eIIDP_AsInput)
+                     ->initOutputAttribute()
+                     .getResult()));
     EXPECT_EQ(image::eIBT_Real, m_out->getImage().getBufferType());
     EXPECT_EQ(image::eCGT_Rgb, m_out->getImage().getColorGeometryType());
     EXPECT_EQ(3U, m_out->getImage().getSizeZ());
@@ -109,7 +112,8 @@ TEST_F(OutputInitializer, DuplicatesTakeTheInputsShape)
     EXPECT_EQ(4U, m_out->getImage().getSizeY());
 
     DuplicateImageInitializer<BaseInputImageAttribute, BaseOutputImageAttribute> other;
-    other.init(m_out, m_in, image::eIBT_None, eIISP_HostMemory, 7UL, 8UL, image::VolumeGeometry(4), boost::none, image::TemporalGeometry());
+    other.init(m_out, m_in, image::eIBT_None, eIISP_HostMemory, 7UL, 8UL, image::VolumeGeometry(4), boost::none,
+               image::TemporalGeometry());
     ASSERT_TRUE(other.initOutputAttribute().getResult());
     EXPECT_EQ(7U, m_out->getImage().getSizeX());
     EXPECT_EQ(8U, m_out->getImage().getSizeY());
@@ -123,9 +127,11 @@ TEST_F(OutputInitializer, DuplicatesOfNothingAreRefused)
     m_in->clear();
     EXPECT_THAT(initializer->initOutputAttribute().getMessage(), HasSubstr("input InToyImg holds no image"));
     m_in.reset();
-    EXPECT_THAT(initializer->initOutputAttribute().getMessage(), HasSubstr("the input attribute that output OutToyImg was to be made after is gone"));
+    EXPECT_THAT(initializer->initOutputAttribute().getMessage(),
+                HasSubstr("the input attribute that output OutToyImg was to be made after is gone"));
     m_out.reset();
-    EXPECT_THAT(initializer->initOutputAttribute().getMessage(), HasSubstr("the output attribute that an image was to be made for is gone"));
+    EXPECT_THAT(initializer->initOutputAttribute().getMessage(),
+                HasSubstr("the output attribute that an image was to be made for is gone"));
 }
 
 TEST(ImageAttribute, HoldsAnImageAndTellsItsKind)
@@ -158,12 +164,13 @@ TEST(ImageAttribute, HoldsAnImageAndTellsItsKind)
 TEST(AlgorithmFunctionEfficiency, GrowsWithWidthAndFusedComesAbovePlain)
 {
     using IS = eInstructionSet;
-    const unsigned int efficiencies[] = {AlgorithmFunctionEfficiency<IS::eIS_Generic, IS::eIS_Generic, IS::eIS_Generic>::getEfficiency(),
-                                         AlgorithmFunctionEfficiency<IS::eIS_SSE2, IS::eIS_SSE2, IS::eIS_Generic>::getEfficiency(),
-                                         AlgorithmFunctionEfficiency<IS::eIS_AVX, IS::eIS_AVX, IS::eIS_Generic>::getEfficiency(),
-                                         AlgorithmFunctionEfficiency<IS::eIS_AVX2, IS::eIS_AVX2, IS::eIS_Generic>::getEfficiency(),
-                                         AlgorithmFunctionEfficiency<IS::eIS_FMA3, IS::eIS_AVX2, IS::eIS_Generic>::getEfficiency(),
-                                         AlgorithmFunctionEfficiency<IS::eIS_AVX512, IS::eIS_Generic, IS::eIS_Generic>::getEfficiency()};
+    const unsigned int efficiencies[] = {
+        AlgorithmFunctionEfficiency<IS::eIS_Generic, IS::eIS_Generic, IS::eIS_Generic>::getEfficiency(),
+        AlgorithmFunctionEfficiency<IS::eIS_SSE2, IS::eIS_SSE2, IS::eIS_Generic>::getEfficiency(),
+        AlgorithmFunctionEfficiency<IS::eIS_AVX, IS::eIS_AVX, IS::eIS_Generic>::getEfficiency(),
+        AlgorithmFunctionEfficiency<IS::eIS_AVX2, IS::eIS_AVX2, IS::eIS_Generic>::getEfficiency(),
+        AlgorithmFunctionEfficiency<IS::eIS_FMA3, IS::eIS_AVX2, IS::eIS_Generic>::getEfficiency(),
+        AlgorithmFunctionEfficiency<IS::eIS_AVX512, IS::eIS_Generic, IS::eIS_Generic>::getEfficiency()};
     for (std::size_t i = 1; i < std::size(efficiencies); ++i)
     {
         EXPECT_LT(efficiencies[i - 1], efficiencies[i]) << i;

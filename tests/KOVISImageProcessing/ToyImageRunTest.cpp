@@ -1,4 +1,5 @@
-// A three-level run over images: every element once, by processors of their own, at any width, strip height and number of threads.
+// A three-level run over images: every element once, by processors of their own, at any width, strip height and number of
+// threads.
 #include "support/ToyImageProcessors.h"
 
 #include "KOVIS/KOVISCore/KOVISCoreLog.h"
@@ -68,7 +69,8 @@ template <class T>
 unsigned long countWrong(BaseImage& image, int factor)
 {
     unsigned long nbWrong = 0;
-    forEachSample<T>(image, [&](T& value, T sample) { nbWrong += value == static_cast<T>(sample * static_cast<T>(factor) + T(1)) ? 0 : 1; });
+    forEachSample<T>(image, [&](T& value, T sample)
+                     { nbWrong += value == static_cast<T>(sample * static_cast<T>(factor) + T(1)) ? 0 : 1; });
     return nbWrong;
 }
 
@@ -212,12 +214,14 @@ TEST_F(ToyImageRun, AnImageOfTheWrongSizeIsRefusedInWords)
     const auto processor = makeLvl1(makeImage(64, 32, 1, 3, 1, image::eIBT_UInt8), 2);
     const ImagePtr out = makeImage(64, 31, 1, 1, 1, image::eIBT_Real);
     processor->set<OutToyImg>(out);
-    EXPECT_EQ("size match between input image InToyImg [64 x 32, 3 channels, u8] and output image OutToyImg [64 x 31, 1 channel, f32] in X, Y, Z and T",
+    EXPECT_EQ("size match between input image InToyImg [64 x 32, 3 channels, u8] and output image OutToyImg [64 x 31, 1 channel, "
+              "f32] in X, Y, Z and T",
               getFailure(processor));
     EXPECT_EQ(out, processor->getStorage<OutToyImg>());
     EXPECT_TRUE(ToyKernelLog::get().m_infos.empty());
     processor->set<OutToyImg>(makeImage(64, 32, 1, 1, 1, image::eIBT_Real));
-    EXPECT_EQ("buffer type match between input image InToyImg [64 x 32, 3 channels, u8, buffer type 2] and output image OutToyImg [64 x 32, 1 "
+    EXPECT_EQ("buffer type match between input image InToyImg [64 x 32, 3 channels, u8, buffer type 2] and output image "
+              "OutToyImg [64 x 32, 1 "
               "channel, f32, buffer type 7]",
               getFailure(processor));
 }
@@ -241,7 +245,8 @@ TEST_F(ToyImageRun, AnExceptionOfAKernelArrivesOnceAndTheProcessIsFitForTheNextR
     for (int round = 0; round < 20; ++round)
     {
         ToyKernelLog::get().reset();
-        ToyKernelLog::get().m_hook = [](unsigned long nbCalls) -> BoolResult {
+        ToyKernelLog::get().m_hook = [](unsigned long nbCalls) -> BoolResult
+        {
             if (nbCalls >= 50)
             {
                 throw OwnError{nbCalls};
@@ -278,7 +283,8 @@ TEST_F(ToyImageRun, CancellationStopsTheStripsAndTakesTheImageOut)
     std::promise<void> begun;
     std::promise<void> goOn;
     std::shared_future<void> mayGoOn = goOn.get_future().share();
-    ToyKernelLog::get().m_hook = [&](unsigned long nbCalls) {
+    ToyKernelLog::get().m_hook = [&](unsigned long nbCalls)
+    {
         if (nbCalls == 100)
         {
             begun.set_value();
@@ -334,7 +340,8 @@ TEST_F(ToyImageRun, ALevelCanBeDrivenByHand)
     lvl3->set<InToyFactor>(toyValue(4));
     lvl3->set<InToyStrip>(image::makeInputStrip(in, 3, 5));
     lvl3->set<OutToyStrip>(image::makeOutputStrip(other, 3, 6));
-    EXPECT_EQ("size match between input strip InToyStrip [70 x 5, 3 channels, f32] and output strip OutToyStrip [70 x 6, 3 channels, f32] in X and Y",
+    EXPECT_EQ("size match between input strip InToyStrip [70 x 5, 3 channels, f32] and output strip OutToyStrip [70 x 6, 3 "
+              "channels, f32] in X and Y",
               getFailure(lvl3));
     lvl3->set<OutToyStrip>(image::makeOutputStrip(other, 3, 5));
     processor::executeSyncRun(lvl3);

@@ -1,7 +1,7 @@
 #pragma once
 
-// A three-level processor over images, as the modules' ones are: level 1 cuts into slices, level 2 into strips, level 3 has kernels.
-// Each sample of the output is the input's sample times a factor, plus one.
+// A three-level processor over images, as the modules' ones are: level 1 cuts into slices, level 2 into strips, level 3 has
+// kernels. Each sample of the output is the input's sample times a factor, plus one.
 
 #include "KOVIS/KOVISBaseProcessing/BaseProcessingAlgorithm.h"
 #include "KOVIS/KOVISBaseProcessing/BaseProcessorDispatcher.h"
@@ -52,7 +52,7 @@ struct ToyKernelLog
     std::vector<processor::ProcessingInfo> m_infos;
     std::vector<const int*> m_factors;
     std::vector<boost::shared_ptr<processor::BaseProcessor>> m_processors; ///< kept, so that no two have the same address
-    std::function<BoolResult(unsigned long nbCalls)> m_hook; ///< called under no lock
+    std::function<BoolResult(unsigned long nbCalls)> m_hook;               ///< called under no lock
 
     static ToyKernelLog& get()
     {
@@ -87,7 +87,8 @@ public:
             nbCalls = log.m_infos.size();
         }
         auto& in = dynamic_cast<imaproc::RawYStripUserColor2dParser<T, imaproc::BaseInputYStripColor2dAttribute>&>(*m_inParser);
-        auto& out = dynamic_cast<imaproc::RawYStripUserColor2dParser<T, imaproc::BaseOutputYStripColor2dAttribute>&>(*m_outParser);
+        auto& out =
+            dynamic_cast<imaproc::RawYStripUserColor2dParser<T, imaproc::BaseOutputYStripColor2dAttribute>&>(*m_outParser);
         const unsigned long sizeC = m_in->getBaseImageYStripColor2d().getSizeC();
         for (unsigned long c = 0; c < sizeC; ++c)
         {
@@ -141,8 +142,12 @@ protected:
         using imaproc::BaseOutputYStripColor2dAttribute;
         using imaproc::RawStripParserMode;
         using imaproc::StripParserInfo;
-        m_inParser = StripParserInfo<RawStripParserMode, BaseInputYStripColor2dAttribute, BaseInputYStripColor2dAttribute>::createParser(m_in);
-        m_outParser = StripParserInfo<RawStripParserMode, BaseOutputYStripColor2dAttribute, BaseOutputYStripColor2dAttribute>::createParser(m_out);
+        m_inParser =
+            StripParserInfo<RawStripParserMode, BaseInputYStripColor2dAttribute, BaseInputYStripColor2dAttribute>::createParser(
+                m_in);
+        m_outParser =
+            StripParserInfo<RawStripParserMode, BaseOutputYStripColor2dAttribute, BaseOutputYStripColor2dAttribute>::createParser(
+                m_out);
         parsers = {m_inParser, m_outParser};
     }
     void clearDataParserColl() override
@@ -226,7 +231,9 @@ protected:
         const auto factor = processor::dynamicNoSplit<ToyImgLvl3, InToyFactor>(this->getStorage<InToyFactor>());
         const auto in = boost::make_shared<ImageYStripColor2dSplit<ToyImgLvl3, const image::BaseImage, InToyStrip>>();
         result = result ? in->initBase(this->getStorage<InToyImg>(), eSAT_InImage, eSPD_TopToBottom, false) : result;
-        result = result ? dispatcher->initBase(priority, std::vector<boost::shared_ptr<processor::BaseDynamicSplit>>{in, factor, out}) : result;
+        result =
+            result ? dispatcher->initBase(priority, std::vector<boost::shared_ptr<processor::BaseDynamicSplit>>{in, factor, out})
+                   : result;
         provider = dispatcher;
         return result ? processor::RetrievalResult() : processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
     }
@@ -245,7 +252,8 @@ protected:
                            const processor::eProcessorRulePolicy& rulePolicy) override
     {
         const BoolResult result = ToyImgLevel::initDerived(attributes, initializers, policy, rule, rulePolicy);
-        initializers[OutToyImg::getObjectNameStr()] = imaproc::duplicateInOut<InToyImg, OutToyImg>(m_out, m_in, image::eIBT_None, imaproc::eIIDP_AsInput);
+        initializers[OutToyImg::getObjectNameStr()] =
+            imaproc::duplicateInOut<InToyImg, OutToyImg>(m_out, m_in, image::eIBT_None, imaproc::eIIDP_AsInput);
         return result;
     }
     processor::RetrievalResult retrieveProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider) override
@@ -256,8 +264,11 @@ protected:
         BoolResult result = out->initBase(eSIST_Slices, eVPT_Slices, eCPT_AllChannels, eTPT_Steps, this->getStorage<OutToyImg>());
         const auto factor = processor::staticNoSplit<ToyImgLvl2, InToyFactor>(this->getStorage<InToyFactor>());
         const auto in = boost::make_shared<SubImageSplit<ToyImgLvl2, InToyImg>>();
-        result = result ? in->initBase(eSIST_Slices, eVPT_Slices, eCPT_AllChannels, eTPT_Steps, this->getStorage<InToyImg>()) : result;
-        result = result ? dispatcher->initBase(priority, std::vector<boost::shared_ptr<processor::BaseStaticSplit>>{in, factor, out}) : result;
+        result =
+            result ? in->initBase(eSIST_Slices, eVPT_Slices, eCPT_AllChannels, eTPT_Steps, this->getStorage<InToyImg>()) : result;
+        result = result
+                     ? dispatcher->initBase(priority, std::vector<boost::shared_ptr<processor::BaseStaticSplit>>{in, factor, out})
+                     : result;
         provider = dispatcher;
         return result ? processor::RetrievalResult() : processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
     }

@@ -22,20 +22,26 @@
 namespace kovis::test
 {
 /// Gives an attribute class its names. The tool tip is the name with "tip of " before it.
-#define KOVIS_TOY_NAMES(NAME)                                                  \
-public:                                                                        \
-    static const std::string& getObjectNameStr()                              \
-    {                                                                          \
-        static const std::string g_name(#NAME);                                \
-        return g_name;                                                         \
-    }                                                                          \
-    static const std::string& getToolTipStr()                                 \
-    {                                                                          \
-        static const std::string g_toolTip("tip of " #NAME);                   \
-        return g_toolTip;                                                      \
-    }                                                                          \
-    const std::string& getObjectName() const override { return getObjectNameStr(); } \
-    const std::string& getToolTip() const override { return getToolTipStr(); }
+#define KOVIS_TOY_NAMES(NAME)                                                                                                    \
+public:                                                                                                                          \
+    static const std::string& getObjectNameStr()                                                                                 \
+    {                                                                                                                            \
+        static const std::string g_name(#NAME);                                                                                  \
+        return g_name;                                                                                                           \
+    }                                                                                                                            \
+    static const std::string& getToolTipStr()                                                                                    \
+    {                                                                                                                            \
+        static const std::string g_toolTip("tip of " #NAME);                                                                     \
+        return g_toolTip;                                                                                                        \
+    }                                                                                                                            \
+    const std::string& getObjectName() const override                                                                            \
+    {                                                                                                                            \
+        return getObjectNameStr();                                                                                               \
+    }                                                                                                                            \
+    const std::string& getToolTip() const override                                                                               \
+    {                                                                                                                            \
+        return getToolTipStr();                                                                                                  \
+    }
 
 /// An attribute that holds a shared pointer to an int.
 template <bool t_bOutput, bool t_bMandatory>
@@ -106,7 +112,8 @@ private:
         {
             throwMessage<processor::KOVISBaseProcessingException>(
                 processor::getKOVISBaseProcessingLogMessageManager(), processor::getKOVISBaseProcessingLogger(),
-                processor::eProcessorMessage::ePM_NotInitialised, {"ToyProcessor::get", "ToyProcessor.h", __LINE__}, this->getObjectName());
+                processor::eProcessorMessage::ePM_NotInitialised, {"ToyProcessor::get", "ToyProcessor.h", __LINE__},
+                this->getObjectName());
         }
         return dynamic_cast<TAttribute&>(*this->getAttribute(TAttribute::getObjectNameStr()));
     }
@@ -170,8 +177,8 @@ public:
         return BoolResult(true);
     }
     bool hasPendingAction() const override { return !isCancellationRequested() && m_next < m_actions.size(); }
-    BoolResult notifyDerived(const boost::shared_ptr<core::BaseActionRequest>&, const boost::shared_ptr<const BaseSerializationObject>&,
-                             bool& bFinished) override
+    BoolResult notifyDerived(const boost::shared_ptr<core::BaseActionRequest>&,
+                             const boost::shared_ptr<const BaseSerializationObject>&, bool& bFinished) override
     {
         bFinished = m_nbNotified.fetch_add(1) + 1 == m_actions.size();
         return BoolResult(true);

@@ -170,7 +170,8 @@ BoolResult AlgorithmFunctionSelector::registerFunction(const AlgorithmFunctionId
         {
             if (m_functions[other].getInstructionSets() == sets)
             {
-                return BoolResult(false, processingText(eAlgorithmFunctionMessage::eAFM_DoubledRow, types.getName(), sets.getName()));
+                return BoolResult(false,
+                                  processingText(eAlgorithmFunctionMessage::eAFM_DoubledRow, types.getName(), sets.getName()));
             }
             if (other == m_nextRow[other])
             {
@@ -191,8 +192,8 @@ bool AlgorithmFunctionSelector::isSupported(const InstructionSetsIdentifier& ins
     {
         return false;
     }
-    for (const auto set : {eInstructionSet::eIS_SSE2, eInstructionSet::eIS_AVX, eInstructionSet::eIS_FMA3, eInstructionSet::eIS_AVX2,
-                           eInstructionSet::eIS_AVX512})
+    for (const auto set : {eInstructionSet::eIS_SSE2, eInstructionSet::eIS_AVX, eInstructionSet::eIS_FMA3,
+                           eInstructionSet::eIS_AVX2, eInstructionSet::eIS_AVX512})
     {
         if (instructionSets.contains(set) && !core::isAvailable(set))
         {
@@ -227,7 +228,8 @@ BoolResult AlgorithmFunctionSelector::select(const DataTypeIdentifierColl& types
     }
     if (pBest == nullptr)
     {
-        return BoolResult(false, processingText(eAlgorithmFunctionMessage::eAFM_NoRowOfForcedSets, types.getName(), forced.getName()));
+        return BoolResult(false,
+                          processingText(eAlgorithmFunctionMessage::eAFM_NoRowOfForcedSets, types.getName(), forced.getName()));
     }
     identifier = *pBest;
     return BoolResult(true);

@@ -15,10 +15,11 @@ const BaseDataItemNode& BaseInputMandatoryDataItemAttribute::getDataItemNode() c
     const boost::shared_ptr<const BaseDataItemNode> node = accessDataItemNodePtr();
     if (node == nullptr)
     {
-        throwProcessingMessage(eProcessorMessage::ePM_NoDataItem,
-                               {"const kovis::BaseDataItemNode& kovis::processor::BaseInputMandatoryDataItemAttribute::getDataItemNode() const",
-                                "KOVIS/KOVISBaseProcessing/BaseDataItemAttribute.cpp", __LINE__},
-                               getObjectName());
+        throwProcessingMessage(
+            eProcessorMessage::ePM_NoDataItem,
+            {"const kovis::BaseDataItemNode& kovis::processor::BaseInputMandatoryDataItemAttribute::getDataItemNode() const",
+             "KOVIS/KOVISBaseProcessing/BaseDataItemAttribute.cpp", __LINE__},
+            getObjectName());
     }
     return *node;
 }

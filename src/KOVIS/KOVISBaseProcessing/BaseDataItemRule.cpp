@@ -7,7 +7,8 @@ namespace kovis::processor
 {
 namespace
 {
-boost::shared_ptr<const BaseDataItemNode> getNode(const boost::shared_ptr<const BaseAttribute>& attribute, const SourcePlace& place)
+boost::shared_ptr<const BaseDataItemNode> getNode(const boost::shared_ptr<const BaseAttribute>& attribute,
+                                                  const SourcePlace& place)
 {
     const auto pDataItem = dynamic_cast<const BaseDataItemAttribute*>(attribute.get());
     const boost::shared_ptr<const BaseDataItemNode> node =
@@ -30,16 +31,18 @@ eAttributeRuleType BaseDataItemRule::getAttributeRuleType() const
 
 boost::shared_ptr<const BaseDataItemNode> BaseDataItemRule::getDataItemNode1() const
 {
-    return getNode(getAttribute1(),
-                   {"boost::shared_ptr<const kovis::BaseDataItemNode> kovis::processor::BaseDataItemRule::getDataItemNode1() const",
-                    "KOVIS/KOVISBaseProcessing/BaseDataItemRule.cpp", __LINE__});
+    return getNode(
+        getAttribute1(),
+        {"boost::shared_ptr<const kovis::BaseDataItemNode> kovis::processor::BaseDataItemRule::getDataItemNode1() const",
+         "KOVIS/KOVISBaseProcessing/BaseDataItemRule.cpp", __LINE__});
 }
 
 boost::shared_ptr<const BaseDataItemNode> BaseDataItemRule::getDataItemNode2() const
 {
-    return getNode(getAttribute2(),
-                   {"boost::shared_ptr<const kovis::BaseDataItemNode> kovis::processor::BaseDataItemRule::getDataItemNode2() const",
-                    "KOVIS/KOVISBaseProcessing/BaseDataItemRule.cpp", __LINE__});
+    return getNode(
+        getAttribute2(),
+        {"boost::shared_ptr<const kovis::BaseDataItemNode> kovis::processor::BaseDataItemRule::getDataItemNode2() const",
+         "KOVIS/KOVISBaseProcessing/BaseDataItemRule.cpp", __LINE__});
 }
 
 BaseLeafRule::BaseLeafRule() = default;

@@ -97,7 +97,8 @@ BoolResult BaseProcessingAlgorithm::postProcess()
     return BoolResult(true);
 }
 
-void BaseProcessingAlgorithm::getNoParseInfo(unsigned long& nbElements, unsigned long& nbExactElements, unsigned long& firstElement) const
+void BaseProcessingAlgorithm::getNoParseInfo(unsigned long& nbElements, unsigned long& nbExactElements,
+                                             unsigned long& firstElement) const
 {
     nbElements = 0;
     nbExactElements = 0;

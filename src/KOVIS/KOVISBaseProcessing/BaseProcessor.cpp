@@ -76,7 +76,8 @@ BoolResult BaseProcessor::init(eProcessorRulePolicy rulePolicy)
     BoolResult result = initDerived(attributes, initializers, dispatchPolicy, rule, rulePolicy);
     if (!result)
     {
-        return result.getMessage().empty() ? BoolResult(false, processingText(eProcessorMessage::ePM_InitFailed, getObjectName())) : result;
+        return result.getMessage().empty() ? BoolResult(false, processingText(eProcessorMessage::ePM_InitFailed, getObjectName()))
+                                           : result;
     }
     result = checkMade(getObjectName(), attributes, initializers);
     if (!result)
@@ -215,9 +216,10 @@ BoolResult BaseProcessor::makeOutputs()
             BoolResult result = found->second->initOutputAttribute();
             if (!result)
             {
-                return result.getMessage().empty() ? BoolResult(false, processingText(eProcessorMessage::ePM_OutputNotMade,
-                                                                                      attribute->getObjectName(), getObjectName()))
-                                                   : result;
+                return result.getMessage().empty()
+                           ? BoolResult(false, processingText(eProcessorMessage::ePM_OutputNotMade, attribute->getObjectName(),
+                                                              getObjectName()))
+                           : result;
             }
             m_madeOutputs.push_back({attribute, attribute->getNbChanges()});
         }

@@ -29,7 +29,8 @@ BoolResult checkSplits(const std::string& processorName, const std::vector<boost
         }
         if (!splits[i]->isBaseInitialised())
         {
-            return BoolResult(false, processingText(eDispatchMessage::eDM_SplitNotInitialised, splits[i]->getAttributeName(), processorName));
+            return BoolResult(
+                false, processingText(eDispatchMessage::eDM_SplitNotInitialised, splits[i]->getAttributeName(), processorName));
         }
     }
     return BoolResult(true);
@@ -49,7 +50,8 @@ std::vector<const BaseDataSplit*> getPointers(const std::vector<boost::shared_pt
 
 BoolResult withReason(const BoolResult& result, const std::string& processorName)
 {
-    return result.getMessage().empty() ? BoolResult(false, processingText(eDispatchMessage::eDM_NoReason, processorName)) : result;
+    return result.getMessage().empty() ? BoolResult(false, processingText(eDispatchMessage::eDM_NoReason, processorName))
+                                       : result;
 }
 } // namespace
 
@@ -69,8 +71,9 @@ void BaseProcessorDispatcher::initPieces(const core::BasePriority& priority, uns
     m_nbPendingActions = m_nbPieces;
 }
 
-BoolResult BaseProcessorDispatcher::queryNextAction(const core::BaseRequestOrigin& origin, boost::shared_ptr<core::BaseActionRequest>& request,
-                                                    bool& bGiven, boost::shared_ptr<BaseSerializationObject>& data)
+BoolResult BaseProcessorDispatcher::queryNextAction(const core::BaseRequestOrigin& origin,
+                                                    boost::shared_ptr<core::BaseActionRequest>& request, bool& bGiven,
+                                                    boost::shared_ptr<BaseSerializationObject>& data)
 {
     bGiven = false;
     request.reset();
@@ -94,8 +97,8 @@ BoolResult BaseProcessorDispatcher::queryNextAction(const core::BaseRequestOrigi
     {
         return withReason(result, getProcessorName());
     }
-    request = boost::make_shared<core::BaseActionRequest>(processor, range,
-                                                          static_cast<double>(range.getSize()) / static_cast<double>(m_nbElements));
+    request = boost::make_shared<core::BaseActionRequest>(
+        processor, range, static_cast<double>(range.getSize()) / static_cast<double>(m_nbElements));
     bGiven = true;
     return result;
 }
@@ -112,7 +115,8 @@ BoolResult BaseProcessorDispatcher::makeProcessor(const ElementsRange& range, co
     {
         if (!pSplit->checkProcessorType(*processor))
         {
-            return BoolResult(false, processingText(eDispatchMessage::eDM_WrongProcessor, pSplit->getAttributeName(), getProcessorName()));
+            return BoolResult(
+                false, processingText(eDispatchMessage::eDM_WrongProcessor, pSplit->getAttributeName(), getProcessorName()));
         }
     }
     const BoolResult result = processor->init(ePRP_Rules);
@@ -172,8 +176,9 @@ BoolResult BaseStaticProcessorDispatcher::initBase(const core::BasePriority& pri
         }
         else if (split->getNbElements() != pCut->getNbElements())
         {
-            return BoolResult(false, processingText(eDispatchMessage::eDM_PiecesDiffer, getProcessorName(), pCut->getAttributeName(),
-                                                    pCut->getNbElements(), split->getAttributeName(), split->getNbElements()));
+            return BoolResult(false,
+                              processingText(eDispatchMessage::eDM_PiecesDiffer, getProcessorName(), pCut->getAttributeName(),
+                                             pCut->getNbElements(), split->getAttributeName(), split->getNbElements()));
         }
     }
     const unsigned long nbPieces = pCut != nullptr ? pCut->getNbElements() : 1;
@@ -232,18 +237,21 @@ BoolResult BaseDynamicProcessorDispatcher::initBase(const core::BasePriority& pr
         }
         else if (split->getNbElements() != pCut->getNbElements())
         {
-            return BoolResult(false, processingText(eDispatchMessage::eDM_ElementsDiffer, getProcessorName(), pCut->getAttributeName(),
-                                                    pCut->getNbElements(), split->getAttributeName(), split->getNbElements()));
+            return BoolResult(false,
+                              processingText(eDispatchMessage::eDM_ElementsDiffer, getProcessorName(), pCut->getAttributeName(),
+                                             pCut->getNbElements(), split->getAttributeName(), split->getNbElements()));
         }
         else if (split->getRowLength() != pCut->getRowLength())
         {
-            return BoolResult(false, processingText(eDispatchMessage::eDM_RowsDiffer, getProcessorName(), pCut->getAttributeName(),
-                                                    pCut->getRowLength(), split->getAttributeName(), split->getRowLength()));
+            return BoolResult(false,
+                              processingText(eDispatchMessage::eDM_RowsDiffer, getProcessorName(), pCut->getAttributeName(),
+                                             pCut->getRowLength(), split->getAttributeName(), split->getRowLength()));
         }
     }
     m_splits = splits;
     const unsigned long nbElements = pCut != nullptr ? pCut->getNbElements() : 1;
-    const unsigned long pieceLength = pCut != nullptr ? detail::getPieceLength(nbElements, pCut->getRowLength(), elementBytes) : 1;
+    const unsigned long pieceLength =
+        pCut != nullptr ? detail::getPieceLength(nbElements, pCut->getRowLength(), elementBytes) : 1;
     initPieces(priority, nbElements, pieceLength, getPointers(m_splits));
     return result;
 }

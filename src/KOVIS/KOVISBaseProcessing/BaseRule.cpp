@@ -11,7 +11,10 @@ namespace
 class RuleAnd : public BaseRule
 {
 public:
-    RuleAnd(const boost::shared_ptr<BaseRule>& first, const boost::shared_ptr<BaseRule>& second) : m_first(first), m_second(second) {}
+    RuleAnd(const boost::shared_ptr<BaseRule>& first, const boost::shared_ptr<BaseRule>& second)
+        : m_first(first), m_second(second)
+    {
+    }
 
     eRuleType getRuleType() const override { return eRT_Combination; }
     bool testRule() const override { return m_first->testRule() && m_second->testRule(); }
@@ -37,7 +40,8 @@ private:
 class RuleIf : public BaseRule
 {
 public:
-    RuleIf(const boost::shared_ptr<BaseRule>& condition, const boost::shared_ptr<BaseRule>& thenRule, const boost::shared_ptr<BaseRule>& elseRule)
+    RuleIf(const boost::shared_ptr<BaseRule>& condition, const boost::shared_ptr<BaseRule>& thenRule,
+           const boost::shared_ptr<BaseRule>& elseRule)
         : m_condition(condition), m_then(thenRule), m_else(elseRule)
     {
     }
@@ -114,7 +118,8 @@ eRuleType BaseAttributeRule::getRuleType() const
     return eRT_Attribute;
 }
 
-void BaseAttributeRule::initBase(const boost::weak_ptr<const BaseAttribute>& first, const boost::weak_ptr<const BaseAttribute>& second)
+void BaseAttributeRule::initBase(const boost::weak_ptr<const BaseAttribute>& first,
+                                 const boost::weak_ptr<const BaseAttribute>& second)
 {
     m_attribute1 = first;
     m_attribute2 = second;
@@ -123,16 +128,18 @@ void BaseAttributeRule::initBase(const boost::weak_ptr<const BaseAttribute>& fir
 
 boost::shared_ptr<const BaseAttribute> BaseAttributeRule::getAttribute1() const
 {
-    return lockAttribute(m_bInitialised, m_attribute1,
-                         {"boost::shared_ptr<const kovis::processor::BaseAttribute> kovis::processor::BaseAttributeRule::getAttribute1() const",
-                          "KOVIS/KOVISBaseProcessing/BaseRule.cpp", __LINE__});
+    return lockAttribute(
+        m_bInitialised, m_attribute1,
+        {"boost::shared_ptr<const kovis::processor::BaseAttribute> kovis::processor::BaseAttributeRule::getAttribute1() const",
+         "KOVIS/KOVISBaseProcessing/BaseRule.cpp", __LINE__});
 }
 
 boost::shared_ptr<const BaseAttribute> BaseAttributeRule::getAttribute2() const
 {
-    return lockAttribute(m_bInitialised, m_attribute2,
-                         {"boost::shared_ptr<const kovis::processor::BaseAttribute> kovis::processor::BaseAttributeRule::getAttribute2() const",
-                          "KOVIS/KOVISBaseProcessing/BaseRule.cpp", __LINE__});
+    return lockAttribute(
+        m_bInitialised, m_attribute2,
+        {"boost::shared_ptr<const kovis::processor::BaseAttribute> kovis::processor::BaseAttributeRule::getAttribute2() const",
+         "KOVIS/KOVISBaseProcessing/BaseRule.cpp", __LINE__});
 }
 
 BaseOptionalRule::BaseOptionalRule() = default;
@@ -164,15 +171,17 @@ std::string RuleOptionalIsSet::createRuleFormalString() const
 std::string RuleOptionalIsSet::createRuleEvaluatedString(unsigned int indentation) const
 {
     const boost::shared_ptr<const BaseAttribute> attribute = getAttribute1();
-    return createRuleEvaluatedStartString(indentation) + processingText(eRuleMessage::eRM_OptionalEvaluated, attribute->getObjectName(),
+    return createRuleEvaluatedStartString(indentation) + processingText(eRuleMessage::eRM_OptionalEvaluated,
+                                                                        attribute->getObjectName(),
                                                                         attribute->isUsable() ? "is set" : "is not set");
 }
 
 boost::shared_ptr<BaseRule> operator&&(const boost::shared_ptr<BaseRule>& first, const boost::shared_ptr<BaseRule>& second)
 {
-    const SourcePlace place{"boost::shared_ptr<kovis::processor::BaseRule> kovis::processor::operator&&(const "
-                            "boost::shared_ptr<kovis::processor::BaseRule>&, const boost::shared_ptr<kovis::processor::BaseRule>&)",
-                            "KOVIS/KOVISBaseProcessing/BaseRule.cpp", __LINE__};
+    const SourcePlace place{
+        "boost::shared_ptr<kovis::processor::BaseRule> kovis::processor::operator&&(const "
+        "boost::shared_ptr<kovis::processor::BaseRule>&, const boost::shared_ptr<kovis::processor::BaseRule>&)",
+        "KOVIS/KOVISBaseProcessing/BaseRule.cpp", __LINE__};
     checkNotEmpty(first, "operator&&", place);
     checkNotEmpty(second, "operator&&", place);
     return boost::make_shared<RuleAnd>(first, second);
@@ -182,7 +191,8 @@ boost::shared_ptr<BaseRule> If(const boost::shared_ptr<BaseRule>& condition, con
                                const boost::shared_ptr<BaseRule>& elseRule)
 {
     const SourcePlace place{
-        "boost::shared_ptr<kovis::processor::BaseRule> kovis::processor::If(const boost::shared_ptr<kovis::processor::BaseRule>&, const "
+        "boost::shared_ptr<kovis::processor::BaseRule> kovis::processor::If(const "
+        "boost::shared_ptr<kovis::processor::BaseRule>&, const "
         "boost::shared_ptr<kovis::processor::BaseRule>&, const boost::shared_ptr<kovis::processor::BaseRule>&)",
         "KOVIS/KOVISBaseProcessing/BaseRule.cpp", __LINE__};
     checkNotEmpty(condition, "If", place);

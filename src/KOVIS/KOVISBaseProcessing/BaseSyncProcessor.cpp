@@ -17,7 +17,8 @@ BoolResult BaseSyncProcessor::runDerived()
     result = mainProcess();
     if (!result)
     {
-        return result.getMessage().empty() ? BoolResult(false, processingText(eProcessorMessage::ePM_WorkFailed, getObjectName())) : result;
+        return result.getMessage().empty() ? BoolResult(false, processingText(eProcessorMessage::ePM_WorkFailed, getObjectName()))
+                                           : result;
     }
     return endProcess();
 }

@@ -7,7 +7,8 @@ namespace kovis::processor
 namespace
 {
 constexpr MessageText g_processorTexts[] = {
-    {eProcessorMessage::ePM_RunUnderWay, "processor %s cannot be initialised while a run of it is under way: wait for its end first"},
+    {eProcessorMessage::ePM_RunUnderWay,
+     "processor %s cannot be initialised while a run of it is under way: wait for its end first"},
     {eProcessorMessage::ePM_NullAttribute, "processor %s made no attribute at place %d of its collection, counted from 0"},
     {eProcessorMessage::ePM_DoubledAttribute, "processor %s made two attributes of the name %s: the names must differ"},
     {eProcessorMessage::ePM_InitializerOfNothing,
@@ -15,8 +16,10 @@ constexpr MessageText g_processorTexts[] = {
     {eProcessorMessage::ePM_InitFailed, "processor %s could not be initialised, and gave no reason"},
     {eProcessorMessage::ePM_InputNotSet, "input %s of processor %s is not set: set it before the run"},
     {eProcessorMessage::ePM_InputIsNull, "input %s of processor %s is a null pointer: set it to an object before the run"},
-    {eProcessorMessage::ePM_OutputNotSet, "output %s of processor %s is not set, and the processor does not make it: set it before the run"},
-    {eProcessorMessage::ePM_OutputNotMade, "output %s of processor %s is not set, and its initializer made none: set it before the run"},
+    {eProcessorMessage::ePM_OutputNotSet,
+     "output %s of processor %s is not set, and the processor does not make it: set it before the run"},
+    {eProcessorMessage::ePM_OutputNotMade,
+     "output %s of processor %s is not set, and its initializer made none: set it before the run"},
     {eProcessorMessage::ePM_RuleRefused, "the rule of processor %s does not hold, and has no text"},
     {eProcessorMessage::ePM_NoPersistence, "processor %s cannot be kept in an archive: its class does not say how"},
     {eProcessorMessage::ePM_NullProcessor, "there is no processor to run: pass one that is not a null pointer"},
@@ -28,9 +31,9 @@ constexpr MessageText g_processorTexts[] = {
     {eProcessorMessage::ePM_NoDataItem, "attribute %s holds no data item: set it first"},
     {eProcessorMessage::ePM_NullParser,
      "there is no parser at place %d, counted from 0, of processor %s: set its attribute to data of buffer type 1 to 11"},
-    {eProcessorMessage::ePM_ParserCountsDiffer,
-     "the attributes of processor %s do not cover the same elements: the first has %d, of which %d exact, the one at place %d, counted "
-     "from 0, has %d, of which %d exact"},
+    {eProcessorMessage::ePM_ParserCountsDiffer, "the attributes of processor %s do not cover the same elements: the first has "
+                                                "%d, of which %d exact, the one at place %d, counted "
+                                                "from 0, has %d, of which %d exact"},
     {eProcessorMessage::ePM_AlreadyRegistred, "processor class %s is registered already: withdraw it before registering it anew"},
     {eProcessorMessage::ePM_NotRegistred, "processor class %s is not registered: load the library that it belongs to"},
     {eProcessorMessage::ePM_NoCreator, "processor class %s cannot be registered without a function that makes its processors"},
@@ -40,7 +43,8 @@ constexpr MessageText g_processorTexts[] = {
 constexpr MessageText g_dispatchTexts[] = {
     {eDispatchMessage::eDM_NoSplit, "the dispatcher of processor %s needs at least one split"},
     {eDispatchMessage::eDM_NullSplit, "there is no split at place %d, counted from 0, of the dispatcher of processor %s"},
-    {eDispatchMessage::eDM_SplitNotInitialised, "the split of attribute %s of processor %s must be initialised before it is dispatched"},
+    {eDispatchMessage::eDM_SplitNotInitialised,
+     "the split of attribute %s of processor %s must be initialised before it is dispatched"},
     {eDispatchMessage::eDM_PiecesDiffer,
      "the splits for processor %s do not fit each other: attribute %s is cut into %d pieces, attribute %s into %d"},
     {eDispatchMessage::eDM_ElementsDiffer,
@@ -49,13 +53,15 @@ constexpr MessageText g_dispatchTexts[] = {
      "the splits for processor %s do not fit each other: attribute %s has rows of %d elements, attribute %s has rows of %d"},
     {eDispatchMessage::eDM_TooManyPieces, "%d pieces are too many for the dispatcher of processor %s, which numbers at most %d"},
     {eDispatchMessage::eDM_NoProcessor, "the dispatcher of processor %s made no processor"},
-    {eDispatchMessage::eDM_WrongProcessor, "the split of attribute %s does not serve processor %s: it was made for another class"},
+    {eDispatchMessage::eDM_WrongProcessor,
+     "the split of attribute %s does not serve processor %s: it was made for another class"},
     {eDispatchMessage::eDM_NullRequest, "the dispatcher of processor %s was told of the end of no request"},
     {eDispatchMessage::eDM_NoReason, "a piece for processor %s could not be made ready, and no reason was given"},
 };
 
 constexpr MessageText g_ruleTexts[] = {
-    {eRuleMessage::eRM_AttributeGone, "Attribute weak pointer has expired: a rule is of use only as long as its processor keeps the attributes"},
+    {eRuleMessage::eRM_AttributeGone,
+     "Attribute weak pointer has expired: a rule is of use only as long as its processor keeps the attributes"},
     {eRuleMessage::eRM_NotInitialised, "Initialise a rule with its attributes before it is used"},
     {eRuleMessage::eRM_EmptyRule, "%s was given an empty rule: pass none() where nothing is demanded"},
     {eRuleMessage::eRM_And, "%s and %s"},
@@ -70,7 +76,8 @@ constexpr MessageText g_algorithmFunctionTexts[] = {
     {eAlgorithmFunctionMessage::eAFM_NoFunction, "the row of data types %s and instruction sets %s has no function"},
     {eAlgorithmFunctionMessage::eAFM_EmptyKey, "a row of instruction sets %s has no data types"},
     {eAlgorithmFunctionMessage::eAFM_NoSets, "the row of data types %s names no instruction sets: name 0 for generic code"},
-    {eAlgorithmFunctionMessage::eAFM_NotSupported, "the row of data types %s needs instruction sets %s, which this computer does not have"},
+    {eAlgorithmFunctionMessage::eAFM_NotSupported,
+     "the row of data types %s needs instruction sets %s, which this computer does not have"},
     {eAlgorithmFunctionMessage::eAFM_DoubledRow, "there is a row of data types %s and instruction sets %s already"},
     {eAlgorithmFunctionMessage::eAFM_NoRow, "there is no kernel for data types %s"},
     {eAlgorithmFunctionMessage::eAFM_NoRowOfForcedSets,

@@ -24,7 +24,8 @@ namespace detail
 unsigned long choosePieceLength(const PieceConditions& conditions)
 {
     const unsigned long rowLength = std::max(conditions.m_rowLength, 1UL);
-    // Making a piece ready costs a few microseconds, so it takes all that the cache holds: shorter pieces cost more than they save.
+    // Making a piece ready costs a few microseconds, so it takes all that the cache holds: shorter pieces cost more than they
+    // save.
     const unsigned long cached = conditions.m_level2CacheSize / (conditions.m_elementBytes + g_workingBytes);
     const unsigned long longest = std::clamp(cached, g_smallestPiece, g_greatestPiece);
     const unsigned long share = conditions.m_nbElements / (g_piecesPerThread * std::max(conditions.m_nbThreads, 1U)) + 1;
@@ -53,8 +54,11 @@ unsigned long getPieceLength(unsigned long nbElements, unsigned long rowLength, 
     conditions.m_nbElements = nbElements;
     conditions.m_rowLength = rowLength;
     conditions.m_elementBytes = elementBytes;
-    conditions.m_level2CacheSize =
-        core::ComputerInfoPool::getInstance().getLocalComputerInfo().getComputerDescription().getProcessorDescription().getLevel2CacheSize();
+    conditions.m_level2CacheSize = core::ComputerInfoPool::getInstance()
+                                       .getLocalComputerInfo()
+                                       .getComputerDescription()
+                                       .getProcessorDescription()
+                                       .getLevel2CacheSize();
     conditions.m_nbThreads = core::getMaxConcurrency();
     return choosePieceLength(conditions);
 }

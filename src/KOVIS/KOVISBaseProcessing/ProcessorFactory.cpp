@@ -22,8 +22,9 @@ BoolResult ProcessorFactory::registerProcessor(const std::string& typeName, cons
         return BoolResult(false, processingText(eProcessorMessage::ePM_NoCreator, typeName));
     }
     const boost::lock_guard<boost::mutex> lock(m_mutex);
-    return m_infos.emplace(typeName, info).second ? BoolResult(true)
-                                                  : BoolResult(false, processingText(eProcessorMessage::ePM_AlreadyRegistred, typeName));
+    return m_infos.emplace(typeName, info).second
+               ? BoolResult(true)
+               : BoolResult(false, processingText(eProcessorMessage::ePM_AlreadyRegistred, typeName));
 }
 
 BoolResult ProcessorFactory::unRegisterProcessor(const std::string& typeName)
@@ -61,11 +62,12 @@ ProcessorFactory::ProcessorInfo ProcessorFactory::getProcessorInfo(const std::st
             return found->second;
         }
     }
-    throwProcessingMessage(eProcessorMessage::ePM_NotRegistred,
-                           {"kovis::processor::ProcessorFactory::ProcessorInfo kovis::processor::ProcessorFactory::getProcessorInfo(const "
-                            "std::string&) const",
-                            "KOVIS/KOVISBaseProcessing/ProcessorFactory.cpp", __LINE__},
-                           typeName);
+    throwProcessingMessage(
+        eProcessorMessage::ePM_NotRegistred,
+        {"kovis::processor::ProcessorFactory::ProcessorInfo kovis::processor::ProcessorFactory::getProcessorInfo(const "
+         "std::string&) const",
+         "KOVIS/KOVISBaseProcessing/ProcessorFactory.cpp", __LINE__},
+        typeName);
 }
 
 boost::shared_ptr<BaseProcessor> ProcessorFactory::createProcessor(const std::string& typeName) const

@@ -26,11 +26,11 @@ const image::BaseImageYStripColor2d& BaseYStripColor2dAttribute::getBaseImageYSt
     const boost::shared_ptr<const image::BaseImageYStrip> strip = getBaseImageYStripPtr();
     if (strip == nullptr)
     {
-        throwImageProcessingMessage(
-            eImageAttributeMessage::eIAM_NoStrip,
-            {"const kovis::image::BaseImageYStripColor2d& kovis::imaproc::BaseYStripColor2dAttribute::getBaseImageYStripColor2d() const",
-             "KOVIS/KOVISImageProcessing/BaseStripAttribute.cpp", __LINE__},
-            getObjectName());
+        throwImageProcessingMessage(eImageAttributeMessage::eIAM_NoStrip,
+                                    {"const kovis::image::BaseImageYStripColor2d& "
+                                     "kovis::imaproc::BaseYStripColor2dAttribute::getBaseImageYStripColor2d() const",
+                                     "KOVIS/KOVISImageProcessing/BaseStripAttribute.cpp", __LINE__},
+                                    getObjectName());
     }
     // The attributes below this one hold nothing but colour strips.
     return static_cast<const image::BaseImageYStripColor2d&>(*strip);

@@ -19,10 +19,11 @@ std::string getKind(const processor::BaseAttribute& attribute, const char* thing
     return std::string(attribute.isOutput() ? "output " : "input ") + thing;
 }
 
-std::string sizeFormal(const processor::BaseAttribute& first, const processor::BaseAttribute& second, const char* thing, const char* dimensions)
+std::string sizeFormal(const processor::BaseAttribute& first, const processor::BaseAttribute& second, const char* thing,
+                       const char* dimensions)
 {
-    return imageProcessingText(eImageRuleMessage::eIRM_SizeFormal, getKind(first, thing), first.getObjectName(), getKind(second, thing),
-                               second.getObjectName(), dimensions);
+    return imageProcessingText(eImageRuleMessage::eIRM_SizeFormal, getKind(first, thing), first.getObjectName(),
+                               getKind(second, thing), second.getObjectName(), dimensions);
 }
 
 std::string bufferTypeFormal(const processor::BaseAttribute& first, const processor::BaseAttribute& second, const char* thing)
@@ -42,8 +43,8 @@ std::string sizeEvaluated(const processor::BaseAttribute& first, const TObject& 
 }
 
 template <class TObject>
-std::string bufferTypeEvaluated(const processor::BaseAttribute& first, const TObject& object1, const processor::BaseAttribute& second,
-                                const TObject& object2, const char* thing)
+std::string bufferTypeEvaluated(const processor::BaseAttribute& first, const TObject& object1,
+                                const processor::BaseAttribute& second, const TObject& object2, const char* thing)
 {
     return imageProcessingText(eImageRuleMessage::eIRM_BufferTypeEvaluated, getKind(first, thing), first.getObjectName(),
                                getFormatedName(object1, image::eFT_Short), static_cast<int>(object1.getBufferType()),
@@ -57,9 +58,10 @@ boost::shared_ptr<const image::BaseImage> getImage(const BaseImageAttribute& att
     const boost::shared_ptr<const image::BaseImage> image = attribute.getImagePtr();
     if (image == nullptr)
     {
-        throwImageProcessingMessage(eImageAttributeMessage::eIAM_NoImage,
-                                    {"bool kovis::processor::BaseRule::testRule() const", "KOVIS/KOVISImageProcessing/ImageRule.cpp", __LINE__},
-                                    attribute.getObjectName());
+        throwImageProcessingMessage(
+            eImageAttributeMessage::eIAM_NoImage,
+            {"bool kovis::processor::BaseRule::testRule() const", "KOVIS/KOVISImageProcessing/ImageRule.cpp", __LINE__},
+            attribute.getObjectName());
     }
     return image;
 }
@@ -69,9 +71,10 @@ boost::shared_ptr<const image::BaseImageYStrip> getStrip(const BaseStripAttribut
     const boost::shared_ptr<const image::BaseImageYStrip> strip = attribute.getBaseImageYStripPtr();
     if (strip == nullptr)
     {
-        throwImageProcessingMessage(eImageAttributeMessage::eIAM_NoStrip,
-                                    {"bool kovis::processor::BaseRule::testRule() const", "KOVIS/KOVISImageProcessing/ImageRule.cpp", __LINE__},
-                                    attribute.getObjectName());
+        throwImageProcessingMessage(
+            eImageAttributeMessage::eIAM_NoStrip,
+            {"bool kovis::processor::BaseRule::testRule() const", "KOVIS/KOVISImageProcessing/ImageRule.cpp", __LINE__},
+            attribute.getObjectName());
     }
     return strip;
 }
@@ -133,7 +136,10 @@ public:
     {
         return getImage(*getImageAttribute1())->getBufferType() == getImage(*getImageAttribute2())->getBufferType();
     }
-    std::string createRuleFormalString() const override { return bufferTypeFormal(*getImageAttribute1(), *getImageAttribute2(), "image"); }
+    std::string createRuleFormalString() const override
+    {
+        return bufferTypeFormal(*getImageAttribute1(), *getImageAttribute2(), "image");
+    }
     std::string createRuleEvaluatedString(unsigned int indentation) const override
     {
         const auto first = getImageAttribute1();
@@ -160,8 +166,9 @@ public:
     {
         const auto first = getStripAttribute1();
         const auto second = getStripAttribute2();
-        return createRuleEvaluatedStartString(indentation) +
-               sizeEvaluated<image::BaseImageFragment>(*first, *getStrip(*first), *second, *getStrip(*second), "strip", "X and Y");
+        return createRuleEvaluatedStartString(indentation) + sizeEvaluated<image::BaseImageFragment>(*first, *getStrip(*first),
+                                                                                                     *second, *getStrip(*second),
+                                                                                                     "strip", "X and Y");
     }
 };
 
@@ -172,7 +179,10 @@ public:
     {
         return getStrip(*getStripAttribute1())->getBufferType() == getStrip(*getStripAttribute2())->getBufferType();
     }
-    std::string createRuleFormalString() const override { return bufferTypeFormal(*getStripAttribute1(), *getStripAttribute2(), "strip"); }
+    std::string createRuleFormalString() const override
+    {
+        return bufferTypeFormal(*getStripAttribute1(), *getStripAttribute2(), "strip");
+    }
     std::string createRuleEvaluatedString(unsigned int indentation) const override
     {
         const auto first = getStripAttribute1();
@@ -183,8 +193,8 @@ public:
 };
 
 template <class TRule, class TAttribute, class... TArguments>
-boost::shared_ptr<BaseRule> makeRule(const boost::weak_ptr<const TAttribute>& first, const boost::weak_ptr<const TAttribute>& second,
-                                     const TArguments&... arguments)
+boost::shared_ptr<BaseRule> makeRule(const boost::weak_ptr<const TAttribute>& first,
+                                     const boost::weak_ptr<const TAttribute>& second, const TArguments&... arguments)
 {
     const auto rule = boost::make_shared<TRule>(arguments...);
     rule->initBase(first, second);
@@ -197,16 +207,17 @@ boost::shared_ptr<BaseRule> matchSize(const ImageAttributeWeakPtr& first, const 
     return makeRule<RuleMatchImageSize>(first, second, eMIST_All);
 }
 
-boost::shared_ptr<BaseRule> matchSize(const eMatchImageSizeType& type, const ImageAttributeWeakPtr& first, const ImageAttributeWeakPtr& second)
+boost::shared_ptr<BaseRule> matchSize(const eMatchImageSizeType& type, const ImageAttributeWeakPtr& first,
+                                      const ImageAttributeWeakPtr& second)
 {
     if (type != eMIST_All && type != eMIST_XYZT && type != eMIST_XY)
     {
-        throwImageProcessingMessage(
-            eImageRuleMessage::eIRM_UnknownMatch,
-            {"boost::shared_ptr<kovis::processor::BaseRule> kovis::imaproc::matchSize(const kovis::imaproc::eMatchImageSizeType&, const "
-             "kovis::imaproc::ImageAttributeWeakPtr&, const kovis::imaproc::ImageAttributeWeakPtr&)",
-             "KOVIS/KOVISImageProcessing/ImageRule.cpp", __LINE__},
-            static_cast<int>(type));
+        throwImageProcessingMessage(eImageRuleMessage::eIRM_UnknownMatch,
+                                    {"boost::shared_ptr<kovis::processor::BaseRule> kovis::imaproc::matchSize(const "
+                                     "kovis::imaproc::eMatchImageSizeType&, const "
+                                     "kovis::imaproc::ImageAttributeWeakPtr&, const kovis::imaproc::ImageAttributeWeakPtr&)",
+                                     "KOVIS/KOVISImageProcessing/ImageRule.cpp", __LINE__},
+                                    static_cast<int>(type));
     }
     return makeRule<RuleMatchImageSize>(first, second, type);
 }

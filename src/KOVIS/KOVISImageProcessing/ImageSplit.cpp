@@ -54,8 +54,8 @@ BaseSubImageSplit<TImagePtr>::~BaseSubImageSplit() = default;
 
 template <class TImagePtr>
 BoolResult BaseSubImageSplit<TImagePtr>::initBase(const eSubImageSplitType& splitType, const eVolumeParsingType& volumeParsing,
-                                                  const eColorParsingType& colorParsing, const eTemporalParsingType& temporalParsing,
-                                                  const TImagePtr& image)
+                                                  const eColorParsingType& colorParsing,
+                                                  const eTemporalParsingType& temporalParsing, const TImagePtr& image)
 {
     BoolResult result = checkHostImage(this->getAttributeName(), image.get());
     if (!result)
@@ -137,8 +137,8 @@ BoolResult BaseImageYStripSplit<TImage, TStrip>::initImage(const boost::shared_p
 }
 
 template <class TImage, class TStrip>
-BoolResult BaseImageYStripSplit<TImage, TStrip>::processAttribute(processor::BaseProcessor& processor, unsigned long begin, unsigned long end,
-                                                                  const core::BaseRequestOrigin&)
+BoolResult BaseImageYStripSplit<TImage, TStrip>::processAttribute(processor::BaseProcessor& processor, unsigned long begin,
+                                                                  unsigned long end, const core::BaseRequestOrigin&)
 {
     if (m_image == nullptr)
     {

@@ -14,15 +14,19 @@ constexpr MessageText g_attributeTexts[] = {
 
 constexpr MessageText g_splitTexts[] = {
     {eImageSplitMessage::eISM_NullImage, "the split of attribute %s was given a null pointer: give it an image"},
-    {eImageSplitMessage::eISM_GpuImage, "the split of attribute %s cannot cut image [%s], which lies on a GPU: copy it to host memory first"},
-    {eImageSplitMessage::eISM_UnknownCut,
-     "the split of attribute %s knows no cut of split type %d with volume parsing %d, colour parsing %d and temporal parsing %d: use "
-     "2 with 0, 1, 0 or 0 with 0, 0, 0"},
-    {eImageSplitMessage::eISM_NoPieces, "the split of attribute %s cannot cut image [%s]: it has no planes, or too many to be numbered"},
+    {eImageSplitMessage::eISM_GpuImage,
+     "the split of attribute %s cannot cut image [%s], which lies on a GPU: copy it to host memory first"},
+    {eImageSplitMessage::eISM_UnknownCut, "the split of attribute %s knows no cut of split type %d with volume parsing %d, "
+                                          "colour parsing %d and temporal parsing %d: use "
+                                          "2 with 0, 1, 0 or 0 with 0, 0, 0"},
+    {eImageSplitMessage::eISM_NoPieces,
+     "the split of attribute %s cannot cut image [%s]: it has no planes, or too many to be numbered"},
     {eImageSplitMessage::eISM_IndexOutOfRange, "there is no piece %d, counted from 0, among the %d of attribute %s"},
     {eImageSplitMessage::eISM_NotInitialised, "the split of attribute %s must be initialised before it is cut"},
-    {eImageSplitMessage::eISM_Not2d, "the split of attribute %s cuts 2D images only, and was given image [%s]: cut it into slices first"},
-    {eImageSplitMessage::eISM_NotOneChannel, "the split of attribute %s cuts images of one channel only, and was given image [%s]"},
+    {eImageSplitMessage::eISM_Not2d,
+     "the split of attribute %s cuts 2D images only, and was given image [%s]: cut it into slices first"},
+    {eImageSplitMessage::eISM_NotOneChannel,
+     "the split of attribute %s cuts images of one channel only, and was given image [%s]"},
     {eImageSplitMessage::eISM_Border, "strips with a border are not made: pass false"},
 };
 
@@ -45,7 +49,8 @@ constexpr MessageText g_ruleTexts[] = {
     {eImageRuleMessage::eIRM_UnknownMatch, "there is no size match of number %d: use 0, 5 or 7"},
 };
 
-constinit MessageTable g_attributeTable("KOVISImageProcessing", "N5kovis7imaproc22eImageAttributeMessage6domainE", g_attributeTexts);
+constinit MessageTable g_attributeTable("KOVISImageProcessing", "N5kovis7imaproc22eImageAttributeMessage6domainE",
+                                        g_attributeTexts);
 constinit MessageTable g_splitTable("KOVISImageProcessing", "N5kovis7imaproc18eImageSplitMessage6domainE", g_splitTexts);
 constinit MessageTable g_initializerTable("KOVISImageProcessing", "N5kovis7imaproc24eImageInitializerMessage6domainE",
                                           g_initializerTexts);

@@ -81,8 +81,8 @@ template <class TOut>
 CustomImageInitializer<TOut>::~CustomImageInitializer() = default;
 
 template <class TOut>
-void CustomImageInitializer<TOut>::init(const boost::weak_ptr<TOut>& attribute, const boost::shared_ptr<BaseCustomImageInfo>& info,
-                                        const eImageInitializerStoragePolicy&)
+void CustomImageInitializer<TOut>::init(const boost::weak_ptr<TOut>& attribute,
+                                        const boost::shared_ptr<BaseCustomImageInfo>& info, const eImageInitializerStoragePolicy&)
 {
     m_attribute = attribute;
     m_info = info;
@@ -120,8 +120,9 @@ DuplicateImageInitializer<TIn, TOut>::~DuplicateImageInitializer() = default;
 template <class TIn, class TOut>
 void DuplicateImageInitializer<TIn, TOut>::init(const boost::weak_ptr<TOut>& output, const boost::weak_ptr<TIn>& input,
                                                 const image::eImageBufferType& bufferType, const eImageInitializerStoragePolicy&,
-                                                const boost::optional<unsigned long>& sizeX, const boost::optional<unsigned long>& sizeY,
-                                                const image::VolumeGeometry& volume, const boost::optional<image::ColorGeometry>& color,
+                                                const boost::optional<unsigned long>& sizeX,
+                                                const boost::optional<unsigned long>& sizeY, const image::VolumeGeometry& volume,
+                                                const boost::optional<image::ColorGeometry>& color,
                                                 const image::TemporalGeometry& temporal)
 {
     m_output = output;

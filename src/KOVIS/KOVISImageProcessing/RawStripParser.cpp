@@ -6,6 +6,7 @@ namespace kovis::imaproc::detail
 {
 void throwUnboundParser()
 {
-    throwImageProcessingMessage(eImageAttributeMessage::eIAM_Unbound, {"accessBuffer", "KOVIS/KOVISImageProcessing/RawStripParser.h", 0});
+    throwImageProcessingMessage(eImageAttributeMessage::eIAM_Unbound,
+                                {"accessBuffer", "KOVIS/KOVISImageProcessing/RawStripParser.h", 0});
 }
 } // namespace kovis::imaproc::detail

@@ -22,7 +22,7 @@ std::string processingText(TDomain message, const TArguments&... arguments)
 template <class TDomain, class... TArguments>
 [[noreturn]] void throwProcessingMessage(TDomain message, const SourcePlace& place, const TArguments&... arguments)
 {
-    throwMessage<KOVISBaseProcessingException>(getKOVISBaseProcessingLogMessageManager(), getKOVISBaseProcessingLogger(), message, place,
-                                               arguments...);
+    throwMessage<KOVISBaseProcessingException>(getKOVISBaseProcessingLogMessageManager(), getKOVISBaseProcessingLogger(), message,
+                                               place, arguments...);
 }
 } // namespace kovis::processor

@@ -22,7 +22,7 @@ std::string imageProcessingText(TDomain message, const TArguments&... arguments)
 template <class TDomain, class... TArguments>
 [[noreturn]] void throwImageProcessingMessage(TDomain message, const SourcePlace& place, const TArguments&... arguments)
 {
-    throwMessage<KOVISImageProcessingException>(getKOVISImageProcessingLogMessageManager(), getKOVISImageProcessingLogger(), message, place,
-                                                arguments...);
+    throwMessage<KOVISImageProcessingException>(getKOVISImageProcessingLogMessageManager(), getKOVISImageProcessingLogger(),
+                                                message, place, arguments...);
 }
 } // namespace kovis::imaproc

@@ -44,7 +44,10 @@ public:
     std::string getName() const;
 
     bool operator==(const DataTypeIdentifierColl& other) const { return m_size == other.m_size && m_ids == other.m_ids; }
-    bool operator<(const DataTypeIdentifierColl& other) const { return m_size != other.m_size ? m_size < other.m_size : m_ids < other.m_ids; }
+    bool operator<(const DataTypeIdentifierColl& other) const
+    {
+        return m_size != other.m_size ? m_size < other.m_size : m_ids < other.m_ids;
+    }
 
 private:
     std::array<int, 3> m_ids{};
@@ -52,8 +55,8 @@ private:
     unsigned int m_size = 0;
 };
 
-/// The instruction sets that a kernel needs, or that are forced. {7} equals {7, 7}; {6, 7} is another set; {0, 0} is generic code;
-/// a cleared one is empty and means that nothing is forced. Beside another set generic code adds no need, and is left out.
+/// The instruction sets that a kernel needs, or that are forced. {7} equals {7, 7}; {6, 7} is another set; {0, 0} is generic
+/// code; a cleared one is empty and means that nothing is forced. Beside another set generic code adds no need, and is left out.
 class KOVISBASEPROCESSING_EXPORT InstructionSetsIdentifier
 {
 public:
@@ -79,7 +82,8 @@ class KOVISBASEPROCESSING_EXPORT AlgorithmFunctionIdentifier
 public:
     using Function = ProcessingResult<bool> (BaseProcessingAlgorithm::*)(const ProcessingInfo&);
 
-    void init(const DataTypeIdentifierColl& types, const InstructionSetsIdentifier& instructionSets, unsigned int efficiency, Function function);
+    void init(const DataTypeIdentifierColl& types, const InstructionSetsIdentifier& instructionSets, unsigned int efficiency,
+              Function function);
 
     const DataTypeIdentifierColl& getDataTypes() const { return m_types; }
     const InstructionSetsIdentifier& getInstructionSets() const { return m_instructionSets; }
@@ -102,14 +106,17 @@ public:
     AlgorithmFunctionSelector(const AlgorithmFunctionSelector&) = delete;
     AlgorithmFunctionSelector& operator=(const AlgorithmFunctionSelector&) = delete;
 
-    /// False, with a message: no function, an empty key, no sets, sets that are not supported here, or a row of the same key and sets.
+    /// False, with a message: no function, an empty key, no sets, sets that are not supported here, or a row of the same key and
+    /// sets.
     BoolResult registerFunction(const AlgorithmFunctionIdentifier& identifier);
     /// Whether there are sets, and every one is available on this computer.
     bool isSupported(const InstructionSetsIdentifier& instructionSets) const;
 
-    /// The row that a run with this key takes: that of the forced sets if any are forced, else the one of best efficiency among those
-    /// that are supported (the first registered of equals). False, with a message that names the key and the sets, if there is none.
-    BoolResult select(const DataTypeIdentifierColl& types, const InstructionSetsIdentifier& forced, AlgorithmFunctionIdentifier& identifier) const;
+    /// The row that a run with this key takes: that of the forced sets if any are forced, else the one of best efficiency among
+    /// those that are supported (the first registered of equals). False, with a message that names the key and the sets, if there
+    /// is none.
+    BoolResult select(const DataTypeIdentifierColl& types, const InstructionSetsIdentifier& forced,
+                      AlgorithmFunctionIdentifier& identifier) const;
 
     /// All rows, in the order of registration.
     const std::vector<AlgorithmFunctionIdentifier>& getFunctions() const { return m_functions; }

@@ -8,8 +8,8 @@
 
 namespace kovis::processor
 {
-/// A processor whose work is given out in steps. A run: initProcess, preProcess, each step's provider run to its end, one step after
-/// the other, postProcess, endProcess.
+/// A processor whose work is given out in steps. A run: initProcess, preProcess, each step's provider run to its end, one step
+/// after the other, postProcess, endProcess.
 class KOVISBASEPROCESSING_EXPORT BaseAsyncProcessor : public BaseProcessor
 {
 public:

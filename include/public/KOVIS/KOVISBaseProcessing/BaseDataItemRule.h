@@ -19,8 +19,8 @@ public:
 protected:
     BaseDataItemRule();
 
-    /// The node of an attribute. Each throws KOVISBaseProcessingException for a rule that is not initialised, an attribute that is
-    /// gone, and an attribute that is no data item or holds none.
+    /// The node of an attribute. Each throws KOVISBaseProcessingException for a rule that is not initialised, an attribute that
+    /// is gone, and an attribute that is no data item or holds none.
     boost::shared_ptr<const BaseDataItemNode> getDataItemNode1() const;
     boost::shared_ptr<const BaseDataItemNode> getDataItemNode2() const;
 };

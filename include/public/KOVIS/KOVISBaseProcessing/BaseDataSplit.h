@@ -105,7 +105,8 @@ public:
     eSplitBaseType getSplitBaseType() const override;
     virtual eSplitDynamicType getSplitDynamicType() const = 0;
     /// Gives the processor the elements [begin, end).
-    virtual BoolResult processAttribute(BaseProcessor& processor, unsigned long begin, unsigned long end, const core::BaseRequestOrigin& origin) = 0;
+    virtual BoolResult processAttribute(BaseProcessor& processor, unsigned long begin, unsigned long end,
+                                        const core::BaseRequestOrigin& origin) = 0;
 
     void initUnSplitted(const ElementsLocationInfo& locationInfo) { initBaseUnSplitted(locationInfo); }
 

@@ -11,9 +11,10 @@
 
 namespace kovis::processor
 {
-/// A processor whose work is one call of a kernel, picked by the data types of its attributes and the instruction sets of the computer.
-/// mainProcess: pick the kernel; preProcess; make the parsers; call the kernel; commit the parsers; postProcess. The parsers are
-/// cleared on every way out. They must agree in their numbers of elements; where these are 0 there is nothing to call.
+/// A processor whose work is one call of a kernel, picked by the data types of its attributes and the instruction sets of the
+/// computer. mainProcess: pick the kernel; preProcess; make the parsers; call the kernel; commit the parsers; postProcess. The
+/// parsers are cleared on every way out. They must agree in their numbers of elements; where these are 0 there is nothing to
+/// call.
 class KOVISBASEPROCESSING_EXPORT BaseProcessingAlgorithm : public BaseSyncProcessor
 {
 public:

@@ -44,7 +44,8 @@ class KOVISBASEPROCESSING_EXPORT BaseProcessor : public core::BaseComplexAction,
 public:
     ~BaseProcessor() override;
 
-    /// Makes the processor ready for its values. False, with a message, if it could not be done; the processor is then not initialised.
+    /// Makes the processor ready for its values. False, with a message, if it could not be done; the processor is then not
+    /// initialised.
     BoolResult init(eProcessorRulePolicy rulePolicy = ePRP_Rules);
     bool isInitialised() const { return m_bInitialised; }
 
@@ -69,7 +70,8 @@ protected:
     BoolResult syncOutputDataDerived(const Guid& computer) override;
     /// Drops the values of all inputs.
     void clearInputData() override;
-    /// Takes out what initializers of this run made, unless it has been replaced since. Called when a run failed or was cancelled.
+    /// Takes out what initializers of this run made, unless it has been replaced since. Called when a run failed or was
+    /// cancelled.
     void clearOutputData() override;
 
     /// Checks inputs, makes outputs, tests the rule. First thing of a run.
@@ -77,8 +79,8 @@ protected:
     /// Last thing of a run that went well.
     virtual BoolResult endProcess();
     virtual eProcessorType getProcessorType() const = 0;
-    /// Makes attributes, output initializers (under the name of their attribute), dispatch policy and, unless the policy asks for none,
-    /// the rule.
+    /// Makes attributes, output initializers (under the name of their attribute), dispatch policy and, unless the policy asks for
+    /// none, the rule.
     virtual BoolResult initDerived(std::vector<boost::shared_ptr<BaseAttribute>>& attributes,
                                    std::map<std::string, boost::shared_ptr<BaseOutputInitializer>>& outputInitializers,
                                    ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<BaseRule>& rule,

@@ -22,8 +22,8 @@ class KOVISBASEPROCESSING_EXPORT BaseProcessorDispatcher : public core::BaseActi
 public:
     ~BaseProcessorDispatcher() override;
 
-    BoolResult queryNextAction(const core::BaseRequestOrigin& origin, boost::shared_ptr<core::BaseActionRequest>& request, bool& bGiven,
-                               boost::shared_ptr<BaseSerializationObject>& data) override;
+    BoolResult queryNextAction(const core::BaseRequestOrigin& origin, boost::shared_ptr<core::BaseActionRequest>& request,
+                               bool& bGiven, boost::shared_ptr<BaseSerializationObject>& data) override;
     bool hasPendingAction() const override;
     BoolResult notifyDerived(const boost::shared_ptr<core::BaseActionRequest>& request,
                              const boost::shared_ptr<const BaseSerializationObject>& data, bool& bFinished) override;
@@ -41,13 +41,14 @@ public:
 protected:
     BaseProcessorDispatcher();
 
-    /// `pieceLength` elements a piece, the last one shorter; all pieces together are [0, nbElements). Every piece's processor is held
-    /// against `splits`, which live until clearDerived.
+    /// `pieceLength` elements a piece, the last one shorter; all pieces together are [0, nbElements). Every piece's processor is
+    /// held against `splits`, which live until clearDerived.
     void initPieces(const core::BasePriority& priority, unsigned long nbElements, unsigned long pieceLength,
                     std::vector<const BaseDataSplit*> splits);
 
 private:
-    BoolResult makeProcessor(const ElementsRange& range, const core::BaseRequestOrigin& origin, boost::shared_ptr<BaseProcessor>& processor);
+    BoolResult makeProcessor(const ElementsRange& range, const core::BaseRequestOrigin& origin,
+                             boost::shared_ptr<BaseProcessor>& processor);
 
     core::BasePriority m_priority;
     std::vector<const BaseDataSplit*> m_checkedSplits;
@@ -64,8 +65,8 @@ class KOVISBASEPROCESSING_EXPORT BaseStaticProcessorDispatcher : public BaseProc
 public:
     ~BaseStaticProcessorDispatcher() override;
 
-    /// False, with a message: no split, an empty pointer, a split that is not initialised, or splits of different numbers of pieces,
-    /// both of which are named. A no-split fits any number.
+    /// False, with a message: no split, an empty pointer, a split that is not initialised, or splits of different numbers of
+    /// pieces, both of which are named. A no-split fits any number.
     BoolResult initBase(const core::BasePriority& priority, const std::vector<boost::shared_ptr<BaseStaticSplit>>& splits);
 
     void clearDerived() override;
@@ -79,8 +80,8 @@ private:
     std::vector<boost::shared_ptr<BaseStaticSplit>> m_splits;
 };
 
-/// A dispatcher that cuts its elements as the computer needs it: a piece's planes and working planes fit the level 2 cache, there are
-/// a few pieces per thread, and small work is one piece. All splits get the same ranges.
+/// A dispatcher that cuts its elements as the computer needs it: a piece's planes and working planes fit the level 2 cache, there
+/// are a few pieces per thread, and small work is one piece. All splits get the same ranges.
 class KOVISBASEPROCESSING_EXPORT BaseDynamicProcessorDispatcher : public BaseProcessorDispatcher
 {
 public:

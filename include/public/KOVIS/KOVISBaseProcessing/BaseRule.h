@@ -101,10 +101,13 @@ public:
     std::string createRuleEvaluatedString(unsigned int indentation) const override;
 };
 
-/// Both must hold; the second is not looked at if the first does not. An empty pointer is refused with KOVISBaseProcessingException.
-KOVISBASEPROCESSING_EXPORT boost::shared_ptr<BaseRule> operator&&(const boost::shared_ptr<BaseRule>& first, const boost::shared_ptr<BaseRule>& second);
+/// Both must hold; the second is not looked at if the first does not. An empty pointer is refused with
+/// KOVISBaseProcessingException.
+KOVISBASEPROCESSING_EXPORT boost::shared_ptr<BaseRule> operator&&(const boost::shared_ptr<BaseRule>& first,
+                                                                  const boost::shared_ptr<BaseRule>& second);
 /// The branch that the condition takes; the other one is not looked at.
-KOVISBASEPROCESSING_EXPORT boost::shared_ptr<BaseRule> If(const boost::shared_ptr<BaseRule>& condition, const boost::shared_ptr<BaseRule>& thenRule,
+KOVISBASEPROCESSING_EXPORT boost::shared_ptr<BaseRule> If(const boost::shared_ptr<BaseRule>& condition,
+                                                          const boost::shared_ptr<BaseRule>& thenRule,
                                                           const boost::shared_ptr<BaseRule>& elseRule);
 /// Always holds.
 KOVISBASEPROCESSING_EXPORT boost::shared_ptr<BaseRule> none();

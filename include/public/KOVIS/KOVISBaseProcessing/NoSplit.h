@@ -16,7 +16,10 @@ class BoundSplit : public TBase
 public:
     const std::string& getAttributeName() const override { return TAttribute::getObjectNameStr(); }
     const std::string& getAttributeToolTip() const override { return TAttribute::getToolTipStr(); }
-    bool checkProcessorType(const BaseProcessor& processor) const override { return dynamic_cast<const TProcessor*>(&processor) != nullptr; }
+    bool checkProcessorType(const BaseProcessor& processor) const override
+    {
+        return dynamic_cast<const TProcessor*>(&processor) != nullptr;
+    }
 
 protected:
     template <class TValue>

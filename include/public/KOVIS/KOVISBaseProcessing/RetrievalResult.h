@@ -16,7 +16,10 @@ enum eRetrievalStatus : int
 class RetrievalResult
 {
 public:
-    RetrievalResult(eRetrievalStatus status = eRS_Provided, std::string message = std::string()) : m_status(status), m_message(std::move(message)) {}
+    RetrievalResult(eRetrievalStatus status = eRS_Provided, std::string message = std::string())
+        : m_status(status), m_message(std::move(message))
+    {
+    }
 
     eRetrievalStatus getStatus() const { return m_status; }
     const std::string& getMessage() const { return m_message; }

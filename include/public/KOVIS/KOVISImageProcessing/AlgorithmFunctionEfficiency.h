@@ -4,11 +4,16 @@
 
 namespace kovis::imaproc
 {
-/// How well a kernel of these instruction sets serves: it grows with the width of the registers, and fused arithmetic comes above plain.
+/// How well a kernel of these instruction sets serves: it grows with the width of the registers, and fused arithmetic comes above
+/// plain.
 template <eInstructionSet::domain A, eInstructionSet::domain B, eInstructionSet::domain C>
 struct AlgorithmFunctionEfficiency
 {
-    static constexpr unsigned int getEfficiency() { return (rank(A) > rank(B) ? (rank(A) > rank(C) ? rank(A) : rank(C)) : (rank(B) > rank(C) ? rank(B) : rank(C))) + (isFused() ? 1U : 0U); }
+    static constexpr unsigned int getEfficiency()
+    {
+        return (rank(A) > rank(B) ? (rank(A) > rank(C) ? rank(A) : rank(C)) : (rank(B) > rank(C) ? rank(B) : rank(C))) +
+               (isFused() ? 1U : 0U);
+    }
 
 private:
     static constexpr unsigned int rank(eInstructionSet::domain set)
@@ -28,6 +33,9 @@ private:
             return 0;
         }
     }
-    static constexpr bool isFused() { return A == eInstructionSet::eIS_FMA3 || B == eInstructionSet::eIS_FMA3 || C == eInstructionSet::eIS_FMA3; }
+    static constexpr bool isFused()
+    {
+        return A == eInstructionSet::eIS_FMA3 || B == eInstructionSet::eIS_FMA3 || C == eInstructionSet::eIS_FMA3;
+    }
 };
 } // namespace kovis::imaproc

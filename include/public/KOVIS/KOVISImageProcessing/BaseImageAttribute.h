@@ -38,15 +38,16 @@ public:
     eImageProcessingAttributeType getImageProcessingAttributeType() const override { return eIPAT_Image; }
     /// The image, or an empty pointer.
     virtual boost::shared_ptr<const image::BaseImage> getImagePtr() const = 0;
-    /// The image, which lives as long as the attribute holds it. Throws KOVISImageProcessingException, with the attribute's name, if
-    /// there is none.
+    /// The image, which lives as long as the attribute holds it. Throws KOVISImageProcessingException, with the attribute's name,
+    /// if there is none.
     const image::BaseImage& getImage() const;
 
 protected:
     BaseImageAttribute();
 };
 
-class KOVISIMAGEPROCESSING_EXPORT BaseInputImageAttribute : public processor::PointerStorage<BaseImageAttribute, const image::BaseImage>
+class KOVISIMAGEPROCESSING_EXPORT BaseInputImageAttribute
+    : public processor::PointerStorage<BaseImageAttribute, const image::BaseImage>
 {
 public:
     using StorageType = boost::shared_ptr<const image::BaseImage>;
@@ -64,7 +65,8 @@ protected:
     BaseInputImageAttribute();
 };
 
-class KOVISIMAGEPROCESSING_EXPORT BaseOutputImageAttribute : public processor::PointerStorage<BaseImageAttribute, image::BaseImage>
+class KOVISIMAGEPROCESSING_EXPORT BaseOutputImageAttribute
+    : public processor::PointerStorage<BaseImageAttribute, image::BaseImage>
 {
 public:
     using StorageType = boost::shared_ptr<image::BaseImage>;

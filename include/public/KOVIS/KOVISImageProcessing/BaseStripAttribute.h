@@ -31,8 +31,8 @@ class KOVISIMAGEPROCESSING_EXPORT BaseYStripColor2dAttribute : public BaseStripA
 public:
     ~BaseYStripColor2dAttribute() override;
 
-    /// The strip, which lives as long as the attribute holds it. Throws KOVISImageProcessingException, with the attribute's name, if
-    /// there is none.
+    /// The strip, which lives as long as the attribute holds it. Throws KOVISImageProcessingException, with the attribute's name,
+    /// if there is none.
     const image::BaseImageYStripColor2d& getBaseImageYStripColor2d() const;
 
 protected:
@@ -78,7 +78,8 @@ protected:
 };
 
 /// An attribute that holds a strip of a one-channel image, to write.
-class KOVISIMAGEPROCESSING_EXPORT BaseOutputYStrip2dAttribute : public processor::PointerStorage<BaseStripAttribute, image::OutputImageYStrip2d>
+class KOVISIMAGEPROCESSING_EXPORT BaseOutputYStrip2dAttribute
+    : public processor::PointerStorage<BaseStripAttribute, image::OutputImageYStrip2d>
 {
 public:
     using StorageType = boost::shared_ptr<image::OutputImageYStrip2d>;

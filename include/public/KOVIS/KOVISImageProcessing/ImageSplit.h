@@ -15,9 +15,9 @@ namespace kovis::imaproc
 /// How an image is cut into sub-images.
 enum eSubImageSplitType : int
 {
-    eSIST_PlaneWise = 0,  ///< one piece per T, Z and channel, in that order
-    eSIST_Slices = 2,     ///< one piece per T and Z, all channels together
-    eSIST_WholeOnGpu = 7  ///< the whole image, on the GPU
+    eSIST_PlaneWise = 0, ///< one piece per T, Z and channel, in that order
+    eSIST_Slices = 2,    ///< one piece per T and Z, all channels together
+    eSIST_WholeOnGpu = 7 ///< the whole image, on the GPU
 };
 enum eVolumeParsingType : int
 {
@@ -56,9 +56,11 @@ public:
 
     processor::eSplitStaticType getSplitStaticType() const override { return processor::eSST_SubImage; }
 
-    /// Takes the image and the cut. False, with a message, for an empty pointer, a GPU image, and a combination of types that is no cut.
-    BoolResult initBase(const eSubImageSplitType& splitType, const eVolumeParsingType& volumeParsing, const eColorParsingType& colorParsing,
-                        const eTemporalParsingType& temporalParsing, const TImagePtr& image);
+    /// Takes the image and the cut. False, with a message, for an empty pointer, a GPU image, and a combination of types that is
+    /// no cut.
+    BoolResult initBase(const eSubImageSplitType& splitType, const eVolumeParsingType& volumeParsing,
+                        const eColorParsingType& colorParsing, const eTemporalParsingType& temporalParsing,
+                        const TImagePtr& image);
 
 protected:
     BaseSubImageSplit();
@@ -76,7 +78,8 @@ extern template class KOVISIMAGEPROCESSING_EXPORT BaseSubImageSplit<boost::share
 
 /// Gives each processor its sub-image.
 template <class TProcessor, class TAttribute>
-class SubImageSplit : public processor::detail::BoundSplit<BaseSubImageSplit<typename TAttribute::StorageType>, TProcessor, TAttribute>
+class SubImageSplit
+    : public processor::detail::BoundSplit<BaseSubImageSplit<typename TAttribute::StorageType>, TProcessor, TAttribute>
 {
 public:
     BoolResult processAttribute(processor::BaseProcessor& processor, unsigned int index, const core::BaseRequestOrigin&) override
@@ -100,7 +103,8 @@ public:
 
     processor::eSplitDynamicType getSplitDynamicType() const override { return processor::eSDT_ImageStrip; }
     /// Makes the strip of these elements and gives it to the processor.
-    BoolResult processAttribute(processor::BaseProcessor& processor, unsigned long begin, unsigned long end, const core::BaseRequestOrigin& origin) override;
+    BoolResult processAttribute(processor::BaseProcessor& processor, unsigned long begin, unsigned long end,
+                                const core::BaseRequestOrigin& origin) override;
     virtual eImageStripSplitType getImageStripSplitType() const = 0;
     virtual BoolResult processAttribute(processor::BaseProcessor& processor, const boost::shared_ptr<TStrip>& strip) = 0;
 
@@ -130,7 +134,8 @@ public:
     eImageStripSplitType getImageStripSplitType() const override { return eISST_YColor2d; }
 
     /// The flag asks for a border around strips, which this library has none of: it is refused with a message.
-    BoolResult initBase(const boost::shared_ptr<TImage>& image, const eStripAllocationType&, const eStripParsingDirection&, bool bBorder)
+    BoolResult initBase(const boost::shared_ptr<TImage>& image, const eStripAllocationType&, const eStripParsingDirection&,
+                        bool bBorder)
     {
         return bBorder ? detail::refuseBorder() : this->initImage(image);
     }
@@ -142,7 +147,8 @@ class BaseImageYStrip2dSplit : public BaseImageYStripSplit<TImage, TStrip>
 public:
     eImageStripSplitType getImageStripSplitType() const override { return eISST_Y2d; }
 
-    BoolResult initBase(const boost::shared_ptr<TImage>& image, const eStripAllocationType&, const eStripParsingDirection&, const eStripParsingDirection&)
+    BoolResult initBase(const boost::shared_ptr<TImage>& image, const eStripAllocationType&, const eStripParsingDirection&,
+                        const eStripParsingDirection&)
     {
         return this->initImage(image);
     }
@@ -157,22 +163,28 @@ using ColorStripOf = std::conditional_t<std::is_const_v<TImage>, image::InputIma
 /// Gives each processor its strip of a colour image.
 template <class TProcessor, class TImage, class TAttribute>
 class ImageYStripColor2dSplit
-    : public processor::detail::BoundSplit<BaseImageYStripColor2dSplit<TImage, detail::ColorStripOf<TImage>>, TProcessor, TAttribute>
+    : public processor::detail::BoundSplit<BaseImageYStripColor2dSplit<TImage, detail::ColorStripOf<TImage>>, TProcessor,
+                                           TAttribute>
 {
 public:
     using Strip = detail::ColorStripOf<TImage>;
 
     using BaseImageYStripColor2dSplit<TImage, Strip>::processAttribute;
-    BoolResult processAttribute(processor::BaseProcessor& processor, const boost::shared_ptr<Strip>& strip) override { return this->setAttribute(processor, strip); }
+    BoolResult processAttribute(processor::BaseProcessor& processor, const boost::shared_ptr<Strip>& strip) override
+    {
+        return this->setAttribute(processor, strip);
+    }
 };
 
 /// Gives each processor its strip of a one-channel image.
 template <class TProcessor, class TImage, class TAttribute>
-class ImageYStrip2dSplit : public processor::detail::BoundSplit<BaseImageYStrip2dSplit<TImage, image::OutputImageYStrip2d>, TProcessor, TAttribute>
+class ImageYStrip2dSplit
+    : public processor::detail::BoundSplit<BaseImageYStrip2dSplit<TImage, image::OutputImageYStrip2d>, TProcessor, TAttribute>
 {
 public:
     using BaseImageYStrip2dSplit<TImage, image::OutputImageYStrip2d>::processAttribute;
-    BoolResult processAttribute(processor::BaseProcessor& processor, const boost::shared_ptr<image::OutputImageYStrip2d>& strip) override
+    BoolResult processAttribute(processor::BaseProcessor& processor,
+                                const boost::shared_ptr<image::OutputImageYStrip2d>& strip) override
     {
         return this->setAttribute(processor, strip);
     }

@@ -45,10 +45,10 @@ struct eImageInitializerMessage
 {
     enum domain
     {
-        eIIM_OutputGone = 0,       ///< nothing
-        eIIM_NoInfo = 1,           ///< attribute
-        eIIM_InputGone = 2,        ///< nothing
-        eIIM_NoInputImage = 3,     ///< attribute
+        eIIM_OutputGone = 0,        ///< nothing
+        eIIM_NoInfo = 1,            ///< attribute
+        eIIM_InputGone = 2,         ///< nothing
+        eIIM_NoInputImage = 3,      ///< attribute
         eIIM_DuplicateInputGone = 4 ///< attribute of the output
     };
 };
@@ -58,13 +58,13 @@ struct eImageRuleMessage
 {
     enum domain
     {
-        eIRM_NotAnImage = 0,            ///< attribute
-        eIRM_NotAStrip = 1,             ///< attribute
-        eIRM_SizeFormal = 2,            ///< kind and name of both, dimensions
-        eIRM_SizeEvaluated = 3,         ///< kind, name and image of both, dimensions
-        eIRM_BufferTypeFormal = 4,      ///< kind and name of both
-        eIRM_BufferTypeEvaluated = 5,   ///< kind, name, image and buffer type of both
-        eIRM_UnknownMatch = 6           ///< number
+        eIRM_NotAnImage = 0,          ///< attribute
+        eIRM_NotAStrip = 1,           ///< attribute
+        eIRM_SizeFormal = 2,          ///< kind and name of both, dimensions
+        eIRM_SizeEvaluated = 3,       ///< kind, name and image of both, dimensions
+        eIRM_BufferTypeFormal = 4,    ///< kind and name of both
+        eIRM_BufferTypeEvaluated = 5, ///< kind, name, image and buffer type of both
+        eIRM_UnknownMatch = 6         ///< number
     };
 };
 } // namespace kovis::imaproc

@@ -83,7 +83,8 @@ public:
     CustomImageInitializer();
     ~CustomImageInitializer() override;
 
-    void init(const boost::weak_ptr<TOut>& attribute, const boost::shared_ptr<BaseCustomImageInfo>& info, const eImageInitializerStoragePolicy& policy);
+    void init(const boost::weak_ptr<TOut>& attribute, const boost::shared_ptr<BaseCustomImageInfo>& info,
+              const eImageInitializerStoragePolicy& policy);
     BoolResult initOutputAttribute() override;
 
 private:
@@ -102,8 +103,9 @@ public:
 
     /// A buffer type of 0, an empty optional and a default volume or temporal geometry each mean: as the input.
     void init(const boost::weak_ptr<TOut>& output, const boost::weak_ptr<TIn>& input, const image::eImageBufferType& bufferType,
-              const eImageInitializerStoragePolicy& policy, const boost::optional<unsigned long>& sizeX, const boost::optional<unsigned long>& sizeY,
-              const image::VolumeGeometry& volume, const boost::optional<image::ColorGeometry>& color, const image::TemporalGeometry& temporal);
+              const eImageInitializerStoragePolicy& policy, const boost::optional<unsigned long>& sizeX,
+              const boost::optional<unsigned long>& sizeY, const image::VolumeGeometry& volume,
+              const boost::optional<image::ColorGeometry>& color, const image::TemporalGeometry& temporal);
     BoolResult initOutputAttribute() override;
 
 private:
@@ -119,7 +121,8 @@ private:
 extern template class KOVISIMAGEPROCESSING_EXPORT DuplicateImageInitializer<BaseInputImageAttribute, BaseOutputImageAttribute>;
 
 template <class TOut>
-boost::shared_ptr<processor::BaseOutputInitializer> customOutput(const boost::weak_ptr<TOut>& attribute, const boost::shared_ptr<BaseCustomImageInfo>& info)
+boost::shared_ptr<processor::BaseOutputInitializer> customOutput(const boost::weak_ptr<TOut>& attribute,
+                                                                 const boost::shared_ptr<BaseCustomImageInfo>& info)
 {
     const auto initializer = boost::make_shared<CustomImageInitializer<BaseOutputImageAttribute>>();
     initializer->init(attribute, info, eIISP_HostMemory);
@@ -128,21 +131,25 @@ boost::shared_ptr<processor::BaseOutputInitializer> customOutput(const boost::we
 
 /// An image of the input's shape with elements of the given buffer type.
 template <class TIn, class TOut>
-boost::shared_ptr<processor::BaseOutputInitializer> duplicateInOut(const boost::weak_ptr<TOut>& output, const boost::weak_ptr<TIn>& input,
-                                                                   const image::eImageBufferType& bufferType, const eImageInitializerDistributionPolicy&)
+boost::shared_ptr<processor::BaseOutputInitializer>
+duplicateInOut(const boost::weak_ptr<TOut>& output, const boost::weak_ptr<TIn>& input, const image::eImageBufferType& bufferType,
+               const eImageInitializerDistributionPolicy&)
 {
     const auto initializer = boost::make_shared<DuplicateImageInitializer<BaseInputImageAttribute, BaseOutputImageAttribute>>();
-    initializer->init(output, input, bufferType, eIISP_HostMemory, boost::none, boost::none, image::VolumeGeometry(), boost::none, image::TemporalGeometry());
+    initializer->init(output, input, bufferType, eIISP_HostMemory, boost::none, boost::none, image::VolumeGeometry(), boost::none,
+                      image::TemporalGeometry());
     return initializer;
 }
 
 /// A grey image of the input's size and buffer type.
 template <class TIn, class TOut>
-boost::shared_ptr<processor::BaseOutputInitializer> duplicateGreyInOut(const boost::weak_ptr<TOut>& output, const boost::weak_ptr<TIn>& input,
+boost::shared_ptr<processor::BaseOutputInitializer> duplicateGreyInOut(const boost::weak_ptr<TOut>& output,
+                                                                       const boost::weak_ptr<TIn>& input,
                                                                        const eImageInitializerStoragePolicy& policy)
 {
     const auto initializer = boost::make_shared<DuplicateImageInitializer<BaseInputImageAttribute, BaseOutputImageAttribute>>();
-    initializer->init(output, input, image::eIBT_None, policy, boost::none, boost::none, image::VolumeGeometry(), image::geometryGrey(), image::TemporalGeometry());
+    initializer->init(output, input, image::eIBT_None, policy, boost::none, boost::none, image::VolumeGeometry(),
+                      image::geometryGrey(), image::TemporalGeometry());
     return initializer;
 }
 } // namespace kovis::imaproc

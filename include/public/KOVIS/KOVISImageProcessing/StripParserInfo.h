@@ -28,7 +28,8 @@ private:
     template <class T>
     static boost::shared_ptr<processor::BaseDataParser> create(const boost::shared_ptr<A>& attribute)
     {
-        using Parser = std::conditional_t<std::is_base_of_v<BaseYStripColor2dAttribute, A>, RawYStripUserColor2dParser<T, A>, RawYStrip2dParser<T, A>>;
+        using Parser = std::conditional_t<std::is_base_of_v<BaseYStripColor2dAttribute, A>, RawYStripUserColor2dParser<T, A>,
+                                          RawYStrip2dParser<T, A>>;
         const auto parser = boost::make_shared<Parser>();
         parser->init(attribute->getStorage());
         return parser;
@@ -36,7 +37,8 @@ private:
 };
 
 template <class A>
-boost::shared_ptr<processor::BaseDataParser> StripParserInfo<RawStripParserMode, A, A>::createParser(const boost::shared_ptr<A>& attribute)
+boost::shared_ptr<processor::BaseDataParser>
+StripParserInfo<RawStripParserMode, A, A>::createParser(const boost::shared_ptr<A>& attribute)
 {
     boost::shared_ptr<processor::BaseDataParser> parser;
     int bufferType = attribute->getImageBufferType();
