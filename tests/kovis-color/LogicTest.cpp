@@ -98,6 +98,7 @@ TEST(Numbers, theNearestTypeThatAFormatHolds)
     EXPECT_EQ(nearest(FileFormat::ePng, ElementType::eF32, image::eCGT_HSV, ElementType::eU8), ElementType::eU16);
     EXPECT_EQ(nearest(FileFormat::ePng, ElementType::eF32, image::eCGT_Grey, ElementType::eU8), ElementType::eU8);
     EXPECT_EQ(nearest(FileFormat::ePng, ElementType::eF32, image::eCGT_Grey, ElementType::eU16), ElementType::eU16);
+    EXPECT_EQ(nearest(FileFormat::ePng, ElementType::eF32, image::eCGT_User, ElementType::eU8), ElementType::eU16);
     EXPECT_EQ(nearest(FileFormat::ePng, ElementType::eI8, image::eCGT_YCbCr, ElementType::eI8), ElementType::eU8);
     EXPECT_EQ(nearest(FileFormat::ePng, ElementType::eI32, image::eCGT_YCbCr, ElementType::eI32), ElementType::eU16);
     EXPECT_EQ(nearest(FileFormat::ePng, ElementType::eU16, image::eCGT_YCbCr, ElementType::eU16), ElementType::eU16);

@@ -108,6 +108,11 @@ TEST_F(Program, misuseEndsWithTwoAndOneLine)
         {"convert", m_input, "-o", m_output, "--to", "hsv", "--matrix", "1,2"},
         {"convert", m_input, "-o", m_output, "--to", "user"},
         {"convert", m_input, "-o", m_output, "--to", "user", "--matrix", "1,2,3"},
+        {"convert", m_input, "-o", m_output, "--to", "user", "--matrix", "1,2,3,nan"},
+        {"convert", m_input, "-o", m_output, "--to", "user", "--matrix", ""},
+        {"convert", m_input, "-o", m_output, "--to", "hsv", "--from", ""},
+        {"convert", m_input, "-o", m_output, "--to", "hsv", "--type", ""},
+        {"convert", m_input, "-o", m_output, "--to", "hsv", "--isa", ""},
         {"convert", m_input, "-o", m_folder.getPath("a.gif"), "--to", "hsv"},
         {"info"},
         {"kernels", "more"}};
@@ -124,6 +129,7 @@ TEST_F(Program, misuseEndsWithTwoAndOneLine)
     }
     EXPECT_EQ(m_folder.getNames(), Names{"in.tif"});
     EXPECT_TRUE(contains(convert({"--to", "hvs"}).err, "did you mean 'hsv'?"));
+    EXPECT_TRUE(contains(runProgram({"convrt", m_input}).err, "there is no verb 'convrt'; did you mean 'convert'?"));
 }
 
 TEST_F(Program, failureEndsWithOneAndOneLine)
@@ -154,6 +160,10 @@ TEST_F(Program, anOutputThatCannotBeWrittenLeavesNothing)
     const ProgramRun run = runProgram({"convert", m_input, "-o", m_folder.getPath("none/out.tif"), "--to", "hsv"});
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_TRUE(contains(run.err, "cannot be written (No such file or directory); choose a folder")) << run.err;
+    // Said before the input is read.
+    EXPECT_TRUE(contains(
+        runProgram({"convert", m_folder.getPath("missing.tif"), "-o", m_folder.getPath("none/out.tif"), "--to", "hsv"}).err,
+        "none/out.tif: cannot be written"));
     std::filesystem::create_directory(m_folder.getPath("taken.tif"));
     EXPECT_EQ(runProgram({"convert", m_input, "-o", m_folder.getPath("taken.tif"), "--to", "hsv"}).exitCode, 1);
     EXPECT_EQ(m_folder.getNames(), (Names{"in.tif", "taken.tif"}));
@@ -463,7 +473,8 @@ TEST_F(Program, jsonTellsTheSameTruth)
     const std::string png = m_folder.getPath("out.png");
     const ProgramRun run = runProgram({"convert", m_input, "-o", png, "--to", "hsv", "--json"});
     ASSERT_EQ(run.exitCode, 0) << run.err;
-    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.err,
+              "kovis-color: " + png + ": warning: PNG cannot hold f32 samples, so they become u16; write a .tif to keep them\n");
     const Json json = Json::parse(run.out);
     EXPECT_EQ(json["input"]["space"], "rgb");
     EXPECT_EQ(json["output"]["space"], "hsv");

@@ -5,6 +5,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <iterator>
 #include <new>
 #include <ostream>
 
@@ -40,6 +41,11 @@ constexpr const char* g_infoFooter = "Examples:\n"
 constexpr const char* g_kernelsFooter = "Examples:\n"
                                         "  kovis-color kernels\n"
                                         "  KOVIS_MAX_INSTRUCTION_SET=sse2 kovis-color kernels --json";
+
+std::string refuseEmpty(const std::string& value)
+{
+    return value.empty() ? "it must not be empty" : "";
+}
 
 /// The grammar of the command line, with the places that it fills.
 class CommandLine
@@ -77,12 +83,18 @@ CommandLine::CommandLine()
     m_convert->add_option("IN", m_convertOptions.input, "The picture: TIFF, PNG or JPEG, told by its content")->required();
     m_convert->add_option("-o,--output", m_convertOptions.output, "The file to write")->required();
     m_convert->add_option("--to", m_convertOptions.to, "Space of the result: " + getSpaceNames())->required();
-    m_convert->add_option("--from", m_convertOptions.from,
-                          "Space of the input (by its channels if not given: 1 grey, 3 rgb, 4 rgba, others user)");
-    m_convert->add_option("--matrix", m_convertOptions.matrix,
-                          "For user: rows of a factor per input channel and an offset; numbers, or a file that holds them");
-    m_convert->add_option("--type", m_convertOptions.type, "Element type of the result: u8, i8, u16, i16, u32, i32, f32");
-    m_convert->add_option("--isa", m_convertOptions.isa, "Instruction set to use: generic, sse2, avx, avx2, fma3");
+    m_convert
+        ->add_option("--from", m_convertOptions.from,
+                     "Space of the input (by its channels if not given: 1 grey, 3 rgb, 4 rgba, others user)")
+        ->check(refuseEmpty);
+    m_convert
+        ->add_option("--matrix", m_convertOptions.matrix,
+                     "For user: rows of a factor per input channel and an offset; numbers, or a file that holds them")
+        ->check(refuseEmpty);
+    m_convert->add_option("--type", m_convertOptions.type, "Element type of the result: u8, i8, u16, i16, u32, i32, f32")
+        ->check(refuseEmpty);
+    m_convert->add_option("--isa", m_convertOptions.isa, "Instruction set to use: generic, sse2, avx, avx2, fma3")
+        ->check(refuseEmpty);
     m_convert->add_option("--threads", m_convertOptions.threads, "Threads to use (all processors if not given)")
         ->check(CLI::Range(1U, g_maxThreads));
     addMaxMemory(*m_convert, m_convertOptions.maxMemory);
@@ -112,6 +124,13 @@ int CommandLine::run(int argc, const char* const* argv, std::ostream& out, std::
     catch (const CLI::ParseError& error)
     {
         const std::vector<CLI::App*> verbs = m_app.get_subcommands();
+        if (verbs.empty() && argc > 1 && argv[1][0] != '-' && argv[1][0] != '\0')
+        {
+            const char* const names[] = {"convert", "info", "kernels"};
+            throw ToolError("kovis-color", "there is no verb '" + std::string(argv[1]) + "'",
+                            "did you mean '" + findNearest(argv[1], names, std::size(names)) + "'? See kovis-color --help",
+                            eMisused);
+        }
         const std::string verb = verbs.empty() ? "" : verbs.front()->get_name() + " ";
         throw ToolError("kovis-color", error.what(), "see kovis-color " + verb + "--help", eMisused);
     }

@@ -91,13 +91,14 @@ void ConvertRun::checkCommand()
     if (!m_options.isa.empty())
         forceKernelForm(m_options.isa);
     core::setMaxConcurrency(m_options.threads);
+    // Where the output cannot be written, that is said before the work.
+    const OutputFile probe(m_options.output);
 }
 
 void ConvertRun::warn(const std::string& subject, const std::string& text)
 {
     m_warnings.push_back(toOneLine(text));
-    if (!m_options.bJson)
-        m_err << "kovis-color: " << toOneLine(subject) << ": " << m_warnings.back() << "\n";
+    m_err << "kovis-color: " << toOneLine(subject) << ": " << m_warnings.back() << "\n";
 }
 
 void ConvertRun::chooseSource(const Picture& picture)

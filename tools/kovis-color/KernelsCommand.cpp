@@ -23,6 +23,7 @@ nlohmann::ordered_json makeAnswer()
     answer["gpu"] = core::isGpuSupportActivated();
     for (const KernelForm& form : getKernelForms())
         answer["available"][form.name] = form.isAvailable();
+    answer["available"]["avx512"] = core::isAvailable(eInstructionSet::eIS_AVX512);
     for (const auto& [name, selector] : getKernelTables())
     {
         nlohmann::ordered_json& rows = answer["rows"][name];
@@ -50,8 +51,8 @@ void runKernels(bool bJson, std::ostream& out)
     out << "processor: " << answer["processor"].get<std::string>() << ", " << answer["threads"] << " thread(s)\n";
     out << "can run:  ";
     for (const auto& [name, bAvailable] : answer["available"].items())
-        out << " " << (bAvailable.get<bool>() ? "" : "not ") << name;
-    out << (answer["gpu"].get<bool>() ? " gpu" : " not gpu") << "\n";
+        out << (bAvailable.get<bool>() ? " " : " not ") << name;
+    out << (answer["gpu"].get<bool>() ? " gpu" : ", no gpu") << "\n";
     for (const auto& [name, rows] : answer["rows"].items())
     {
         out << name << ": ";

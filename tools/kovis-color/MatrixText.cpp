@@ -47,7 +47,11 @@ std::vector<float> parseNumbers(const std::string& subject, const std::string& t
 
 bool isMatrixList(const std::string& argument)
 {
-    return argument.find_first_not_of("0123456789+-.eE,; \t") == std::string::npos;
+    if (argument.find_first_not_of("0123456789+-.eE,; \t") == std::string::npos)
+        return true;
+    // "1,2,nan" is a list with a mistake, unless a file is called so.
+    std::error_code error;
+    return argument.find(',') != std::string::npos && !std::filesystem::exists(argument, error);
 }
 
 std::vector<float> readMatrix(const std::string& argument)

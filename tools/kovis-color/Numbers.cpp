@@ -88,7 +88,9 @@ ElementType getNearestType(FileFormat format, ElementType wanted, image::eColorG
     if (format == FileFormat::eJpeg || wanted == ElementType::eI8)
         return ElementType::eU8;
     const bool bByteInput = inputType == ElementType::eU8 || inputType == ElementType::eI8;
-    return wanted == ElementType::eF32 && bByteInput && !hasHue(to) ? ElementType::eU8 : ElementType::eU16;
+    // A hue goes to 360, and a matrix of the user's anywhere.
+    const bool bByteRange = bByteInput && !hasHue(to) && to != image::eCGT_User;
+    return wanted == ElementType::eF32 && bByteRange ? ElementType::eU8 : ElementType::eU16;
 }
 
 std::string describeRange(image::eColorGeometryType from, image::eColorGeometryType to, ElementType resultType)
