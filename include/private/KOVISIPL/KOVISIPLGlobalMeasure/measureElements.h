@@ -37,26 +37,38 @@ void measureShortBlock(const T* elements, unsigned long count, T& minimum, T& ma
     part.m_sumOfSquares.add(static_cast<double>(squares));
 }
 
-/// A block of at most 64 elements of a 32-bit integer type.
+/// A block of at most 64 elements of a 32-bit integer type. Element i goes to lane i modulo 4, whatever the block's length.
 template <class T>
 void measureWideBlock(const T* elements, unsigned long count, T& minimum, T& maximum, StatsPart& part)
 {
     T least = minimum;
     T greatest = maximum;
     long sum = 0;
-    double squares = 0.0;
     for (unsigned long i = 0; i < count; ++i)
     {
-        const auto value = static_cast<double>(elements[i]);
         least = std::min(least, elements[i]);
         greatest = std::max(greatest, elements[i]);
         sum += static_cast<long>(elements[i]);
-        squares += value * value;
+    }
+    double lanes[4] = {0.0, 0.0, 0.0, 0.0};
+    unsigned long i = 0;
+    for (; i + 4 <= count; i += 4)
+    {
+        for (unsigned long lane = 0; lane < 4; ++lane)
+        {
+            const auto value = static_cast<double>(elements[i + lane]);
+            lanes[lane] += value * value;
+        }
+    }
+    for (unsigned long lane = 0; i < count; ++i, ++lane)
+    {
+        const auto value = static_cast<double>(elements[i]);
+        lanes[lane] += value * value;
     }
     minimum = least;
     maximum = greatest;
     part.m_sum.add(static_cast<double>(sum));
-    part.m_sumOfSquares.add(squares);
+    part.m_sumOfSquares.add((lanes[0] + lanes[2]) + (lanes[1] + lanes[3]));
 }
 
 template <class T>
@@ -100,7 +112,7 @@ inline void measureElements(const float* elements, unsigned long count, StatsPar
     {
         const unsigned long length = std::min(64UL, count - begin);
         const float* block = elements + begin;
-        float staged[64]; // a short block is filled up with its first element for the bounds, and with zeros for the sums
+        float staged[64]; // a short block, filled up with zeros for the sums and with its first element for the bounds
         __m128d sums[2] = {_mm_setzero_pd(), _mm_setzero_pd()};
         __m128d squares[2] = {_mm_setzero_pd(), _mm_setzero_pd()};
         if (length < 64)
