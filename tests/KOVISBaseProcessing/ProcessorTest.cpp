@@ -150,8 +150,10 @@ TEST(Processor, OutputThatNothingMakesIsNamed)
     EXPECT_THAT(getRunFailure<KOVISCoreException>(processor),
                 HasSubstr("output OutToy of processor ToySyncProcessor is not set"));
     processor->set<OutToy>(boost::shared_ptr<int>());
-    EXPECT_THAT(getRunFailure<KOVISCoreException>(processor),
-                HasSubstr("output OutToy of processor ToySyncProcessor is not set"));
+    EXPECT_THAT(
+        getRunFailure<KOVISCoreException>(processor),
+        HasSubstr("output OutToy of processor ToySyncProcessor is a null pointer: set it to an object before the run, or leave "
+                  "it unset"));
 
     processor->m_hooks.m_bInitializer = true;
     processor->m_hooks.m_initializer = [] { return BoolResult(true); };

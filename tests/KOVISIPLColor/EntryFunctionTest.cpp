@@ -154,8 +154,11 @@ TEST(ColorConvertImg, RefusesWhatIsNull)
     const auto in = test::makeFilledImage<unsigned char>(5, 4, eCGT_Rgb, 10);
     EXPECT_NE(getError([] { colorConvertImg(test::ConstImagePtr(), eCGT_HSV); }).find("InColorImg"), std::string::npos);
     EXPECT_NE(getError([&] { colorConvertImg(in, Transform()); }).find("InColorConversionTransform"), std::string::npos);
-    // a null result counts as none: one is made, and nobody gets it
-    EXPECT_NO_THROW(colorConvertImg(in, eCGT_HSV, test::ImagePtr()));
+    // whoever gives a result wants to see it
+    EXPECT_EQ(getError([&] { colorConvertImg(in, eCGT_HSV, test::ImagePtr()); }),
+              "output OutColorImg of processor ColorConvertImgLvl1 is a null pointer: set it to an object before the run, or "
+              "leave it unset");
+    EXPECT_FALSE(getError([] { getAsyncProcessorOutput(boost::shared_ptr<ColorConvertImgLvl1>()); }).empty());
     EXPECT_EQ(planeData<unsigned char>(in)[0], 10);
 }
 

@@ -210,6 +210,12 @@ BoolResult BaseProcessor::makeOutputs()
         {
             continue;
         }
+        // Whoever gives a result wants to see it: one made in its place would be lost.
+        if (attribute->isMandatory() && attribute->isInitialised())
+        {
+            return BoolResult(false,
+                              processingText(eProcessorMessage::ePM_OutputIsNull, attribute->getObjectName(), getObjectName()));
+        }
         const auto found = m_outputInitializers.find(attribute->getObjectName());
         if (found != m_outputInitializers.end())
         {

@@ -37,6 +37,8 @@ constexpr MessageText g_processorTexts[] = {
     {eProcessorMessage::ePM_AlreadyRegistred, "processor class %s is registered already: withdraw it before registering it anew"},
     {eProcessorMessage::ePM_NotRegistred, "processor class %s is not registered: load the library that it belongs to"},
     {eProcessorMessage::ePM_NoCreator, "processor class %s cannot be registered without a function that makes its processors"},
+    {eProcessorMessage::ePM_OutputIsNull,
+     "output %s of processor %s is a null pointer: set it to an object before the run, or leave it unset"},
     {eProcessorMessage::ePM_NotInitialised, "processor %s must be initialised before its attributes are used"},
 };
 

@@ -40,6 +40,7 @@ struct eProcessorMessage
         ePM_AlreadyRegistred = 20,    ///< type name
         ePM_NotRegistred = 21,        ///< type name
         ePM_NoCreator = 22,           ///< type name
+        ePM_OutputIsNull = 23,        ///< attribute, processor
         ePM_NotInitialised = 33       ///< object name
     };
 };

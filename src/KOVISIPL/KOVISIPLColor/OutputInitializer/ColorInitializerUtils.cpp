@@ -14,6 +14,17 @@ using namespace kovis::imaproc;
 
 [[maybe_unused]] const bool g_bMessagesEntered = MessageMapRegistrator<color::eOutputInitializerMessage, void>::process();
 
+// The node, kept alive: the attribute may be set anew meanwhile. Where it holds none, its own getter throws by name.
+boost::shared_ptr<const attr::ColorConversionTransform> getNode(const attr::InColorConversionTransform& attribute)
+{
+    boost::shared_ptr<const attr::ColorConversionTransform> node;
+    while (!(node = attribute.getStorage()))
+    {
+        (void)attribute.getDataItemNode();
+    }
+    return node;
+}
+
 bool isRgbOrRgba(const image::eColorGeometryType& type)
 {
     return type == image::eCGT_Rgb || type == image::eCGT_Rgba;
@@ -41,7 +52,7 @@ image::eImageBufferType TargetColorSpaceOutputInitializer::getImageBufferType() 
 {
     const auto transform =
         getTransform("virtual kovis::image::eImageBufferType TargetColorSpaceOutputInitializer::getImageBufferType() const");
-    const image::eColorGeometryType target = transform->getDataItemNode().getTargetGeometry();
+    const image::eColorGeometryType target = getNode(*transform)->getTargetGeometry();
     const boost::shared_ptr<const image::BaseImage> input = getInputImage();
     if (isRgbOrRgba(input->getColorGeometryType()) && isRgbOrRgba(target))
     {
@@ -59,13 +70,13 @@ image::ColorGeometry TargetColorSpaceOutputInitializer::getColorGeometry() const
 {
     const auto transform =
         getTransform("virtual kovis::image::ColorGeometry TargetColorSpaceOutputInitializer::getColorGeometry() const");
-    const attr::ColorConversionTransform& node = transform->getDataItemNode();
-    const image::eColorGeometryType target = node.getTargetGeometry();
+    const boost::shared_ptr<const attr::ColorConversionTransform> node = getNode(*transform);
+    const image::eColorGeometryType target = node->getTargetGeometry();
     const boost::shared_ptr<const image::BaseImage> input = getInputImage();
     image::ColorGeometry geometry;
     if (target == image::eCGT_User)
     {
-        geometry.initUser(node.getMatrix().size() / (input->getSizeC() + 1));
+        geometry.initUser(node->getMatrix().size() / (input->getSizeC() + 1));
     }
     else
     {

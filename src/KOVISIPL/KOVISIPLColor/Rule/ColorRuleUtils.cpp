@@ -15,13 +15,36 @@ namespace
 {
 [[maybe_unused]] const bool g_bMessagesEntered = MessageMapRegistrator<eRuleMessage, void>::process();
 
-const image::BaseImage& getShape(const BaseImageAttribute& attribute)
+// What an attribute holds, kept alive: the attribute may be set anew meanwhile. Where it holds nothing, its own getter throws by
+// name.
+boost::shared_ptr<const image::BaseImage> getShape(const BaseImageAttribute& attribute)
 {
-    return attribute.getImage();
+    boost::shared_ptr<const image::BaseImage> shape;
+    while (!(shape = attribute.getImagePtr()))
+    {
+        (void)attribute.getImage();
+    }
+    return shape;
 }
-const image::BaseImageYStripColor2d& getShape(const BaseYStripColor2dAttribute& attribute)
+
+boost::shared_ptr<const image::BaseImageYStripColor2d> getShape(const BaseYStripColor2dAttribute& attribute)
 {
-    return attribute.getBaseImageYStripColor2d();
+    boost::shared_ptr<const image::BaseImageYStrip> shape;
+    while (!(shape = attribute.getBaseImageYStripPtr()))
+    {
+        (void)attribute.getBaseImageYStripColor2d();
+    }
+    return boost::static_pointer_cast<const image::BaseImageYStripColor2d>(shape);
+}
+
+boost::shared_ptr<const attr::ColorConversionTransform> getNode(const attr::InColorConversionTransform& attribute)
+{
+    boost::shared_ptr<const attr::ColorConversionTransform> node;
+    while (!(node = attribute.getStorage()))
+    {
+        (void)attribute.getDataItemNode();
+    }
+    return node;
 }
 
 const char* getTypeName(const BaseImageAttribute*)
@@ -49,12 +72,12 @@ public:
     {
         const auto input = getInput();
         const auto output = getOutput();
-        const auto inSizeC = static_cast<unsigned int>(getShape(*input).getSizeC());
-        const image::eColorGeometryType outGeometry = getShape(*output).getColorGeometryType();
-        const auto outSizeC = static_cast<unsigned int>(getShape(*output).getSizeC());
-        const auto transform = getColorConversionTransformAttribute();
-        const attr::ColorConversionTransform& node = transform->getDataItemNode();
-        const image::eColorGeometryType target = node.getTargetGeometry();
+        const auto inSizeC = static_cast<unsigned int>(getShape(*input)->getSizeC());
+        const auto outputShape = getShape(*output);
+        const image::eColorGeometryType outGeometry = outputShape->getColorGeometryType();
+        const auto outSizeC = static_cast<unsigned int>(outputShape->getSizeC());
+        const auto node = getNode(*getColorConversionTransformAttribute());
+        const image::eColorGeometryType target = node->getTargetGeometry();
         if (target != outGeometry)
         {
             return false;
@@ -63,7 +86,7 @@ public:
         {
             return true;
         }
-        return outSizeC * (inSizeC + 1U) == static_cast<unsigned int>(node.getMatrix().size());
+        return outSizeC * (inSizeC + 1U) == static_cast<unsigned int>(node->getMatrix().size());
     }
 
     std::string createRuleFormalString() const override
@@ -82,15 +105,17 @@ public:
         const auto input = getInput();
         const auto output = getOutput();
         const auto transform = getColorConversionTransformAttribute();
-        const attr::ColorConversionTransform& node = transform->getDataItemNode();
+        const auto inputShape = getShape(*input);
+        const auto outputShape = getShape(*output);
+        const auto node = getNode(*transform);
         LogMessageFormater formater(getKOVISIPLColorLogMessageManager());
         formater << createRuleEvaluatedStartString(indentation);
         // strips too are told with the words for images
         formater[eRuleMessage::eRM_ColorSpaceEvaluated] % input->getObjectName() %
-            getFormatedName(getShape(*input), image::eFT_Short) % getGeometryName(*input) % output->getObjectName() %
-            getFormatedName(getShape(*output), image::eFT_Short) % getGeometryName(*output) % transform->getObjectName() %
-            std::string(image::getColorGeometryTypeName(node.getTargetGeometry())) %
-            static_cast<unsigned int>(node.getMatrix().size());
+            getFormatedName(*inputShape, image::eFT_Short) % getGeometryName(inputShape->getColorGeometryType()) %
+            output->getObjectName() % getFormatedName(*outputShape, image::eFT_Short) %
+            getGeometryName(outputShape->getColorGeometryType()) % transform->getObjectName() %
+            getGeometryName(node->getTargetGeometry()) % static_cast<unsigned int>(node->getMatrix().size());
         return formater.string();
     }
 
@@ -106,10 +131,7 @@ private:
         return boost::static_pointer_cast<ImageAttributeType>(getAttribute2());
     }
 
-    static std::string getGeometryName(ImageAttributeType& attribute)
-    {
-        return image::getColorGeometryTypeName(getShape(attribute).getColorGeometryType());
-    }
+    static std::string getGeometryName(const image::eColorGeometryType& type) { return image::getColorGeometryTypeName(type); }
 
     boost::shared_ptr<const attr::InColorConversionTransform> getColorConversionTransformAttribute() const
     {

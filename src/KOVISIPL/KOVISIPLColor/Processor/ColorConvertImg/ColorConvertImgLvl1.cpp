@@ -90,19 +90,22 @@ boost::shared_ptr<processor::BaseRule> ColorConvertImgLvl1::createRule() const
 
 bool ColorConvertImgLvl1::isRangeTestNeeded() const
 {
-    if (m_inColorImg->getStorage()->getColorGeometryType() != image::eCGT_Rgb)
+    // A set during the run may have taken an image away: then the split of callLvl2 tells what is missing.
+    const boost::shared_ptr<const image::BaseImage> input = m_inColorImg->getStorage();
+    const boost::shared_ptr<const image::BaseImage> output = m_outColorImg->getStorage();
+    if (!input || !output || input->getColorGeometryType() != image::eCGT_Rgb)
     {
         return false;
     }
     // Luv runs the same curve, unmeasured
-    const image::eColorGeometryType output = m_outColorImg->getStorage()->getColorGeometryType();
-    return output == image::eCGT_CieLab || output == image::eCGT_XYZ;
+    return output->getColorGeometryType() == image::eCGT_CieLab || output->getColorGeometryType() == image::eCGT_XYZ;
 }
 
 processor::RetrievalResult ColorConvertImgLvl1::retrieveFirstProvider(const core::BasePriority& priority,
                                                                       core::ActionProviderPtr& provider)
 {
     m_currentSource = m_inColorImg->getStorage();
+    m_statsResult.reset();
     if (isRangeTestNeeded())
     {
         m_statsResult = boost::make_shared<attr::StatsResult>();
@@ -117,6 +120,13 @@ processor::RetrievalResult ColorConvertImgLvl1::retrieveSecondProvider(const cor
     if (!isRangeTestNeeded())
     {
         return processor::eRS_NoWork;
+    }
+    const boost::shared_ptr<const image::BaseImage> input = m_inColorImg->getStorage();
+    if (!m_statsResult || !input)
+    {
+        return processor::RetrievalResult(
+            processor::eRS_Failed, "an image of ColorConvertImgLvl1 was replaced while its run was under way, and has not been "
+                                   "measured: set images between runs");
     }
     // written so that a NaN fails
     if (!(m_statsResult->getMinimum() >= 0.0) || !(m_statsResult->getMaximum() <= 255.0))
@@ -138,7 +148,7 @@ processor::RetrievalResult ColorConvertImgLvl1::retrieveSecondProvider(const cor
     {
         return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
     }
-    if (m_inColorImg->getStorage()->getBufferType() == image::eIBT_Real)
+    if (input->getBufferType() == image::eIBT_Real)
     {
         return callLvl2(priority, provider);
     }
