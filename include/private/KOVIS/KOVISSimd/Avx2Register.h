@@ -50,11 +50,7 @@ struct Register : avx::Register
     }
 
     using avx::Register::load;
-    static KOVIS_SIMD_INLINE Block load(const unsigned int* from)
-    {
-        return {{toFloatUnsigned(loadRaw(from)), toFloatUnsigned(loadRaw(from + 8)), toFloatUnsigned(loadRaw(from + 16)),
-                 toFloatUnsigned(loadRaw(from + 24))}};
-    }
+    static KOVIS_SIMD_INLINE Block load(const unsigned int* from) { return loadUnsigned<Register>(from); }
     template <class T>
     static KOVIS_SIMD_INLINE Block load(const T* from)
     {
@@ -140,6 +136,15 @@ struct Register : avx::Register
         }
     }
 
+protected:
+    /// By the multiply-add of TRegister, which is this form or one that derives from it.
+    template <class TRegister>
+    static KOVIS_SIMD_INLINE Block loadUnsigned(const unsigned int* from)
+    {
+        return {{toFloatUnsigned<TRegister>(loadRaw(from)), toFloatUnsigned<TRegister>(loadRaw(from + 8)),
+                 toFloatUnsigned<TRegister>(loadRaw(from + 16)), toFloatUnsigned<TRegister>(loadRaw(from + 24))}};
+    }
+
 private:
     static KOVIS_SIMD_INLINE __m128i loadLow(const void* from) { return _mm_loadl_epi64(static_cast<const __m128i*>(from)); }
     static KOVIS_SIMD_INLINE __m128i loadHalf(const void* from) { return _mm_loadu_si128(static_cast<const __m128i*>(from)); }
@@ -162,11 +167,12 @@ private:
     }
 
     /// The halves convert exactly, so that the one rounding is that of the sum, fused or not.
+    template <class TRegister>
     static KOVIS_SIMD_INLINE Float toFloatUnsigned(Int a)
     {
         const Float high = _mm256_cvtepi32_ps(_mm256_srli_epi32(a, 16));
         const Float low = _mm256_cvtepi32_ps(_mm256_and_si256(a, _mm256_set1_epi32(0xFFFF)));
-        return mulAdd(high, _mm256_set1_ps(65536.0F), low);
+        return TRegister::mulAdd(high, _mm256_set1_ps(65536.0F), low);
     }
 
     static KOVIS_SIMD_INLINE Int orderBytes(Int packed)
