@@ -7,8 +7,10 @@
 #include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <map>
+#include <utility>
 #include <vector>
 
 // The kernel table of the strip processor: its rows, and that each row runs the form and the types that it is entered for.
@@ -102,6 +104,12 @@ void checkRow(const AlgorithmFunctionIdentifier& row, const ModelForm& form)
 
     OpenLvl3 lvl3(in, out, matrix);
     lvl3.bind();
+    ASSERT_TRUE(lvl3.call(row, 0));
+    for (std::size_t r = 0; r < 2; ++r)
+    {
+        const Tout* const plane = planeData<Tout>(out, r);
+        ASSERT_EQ(std::count(plane, plane + g_sizeX, static_cast<Tout>(99)), static_cast<long>(g_sizeX)) << "a call of no pixels";
+    }
     ASSERT_TRUE(lvl3.call(row, g_nbPixels));
     modelLinear<Tin, Tout>(form, 3, 2, matrix.data(), g_nbPixels, inPlanes, expectedPlanes);
     for (std::size_t r = 0; r < 2; ++r)
@@ -210,6 +218,38 @@ TEST(ColorConvertImgLvl3Rows, EachRunsItsFormOnItsTypes)
     EXPECT_EQ(nbOfForm["generic"], 121);
     EXPECT_EQ(nbOfForm["sse2"], 121);
     EXPECT_EQ(nbOfForm["fma3"], canRun(g_fma3Form) ? 121 : 0);
+}
+
+// The copy, one link, and a chain that has a working block of no floats.
+TEST(ColorConvertImgLvl3Rows, NoPixelsLeaveThePlanesAndAreNoError)
+{
+    const std::pair<eColorGeometryType, eColorGeometryType> spaces[] = {
+        {eCGT_HSV, eCGT_HSV}, {eCGT_Rgb, eCGT_YCbCr}, {eCGT_YCbCr, eCGT_HSV}};
+    for (const auto& [from, to] : spaces)
+    {
+        const boost::shared_ptr<BaseImage> in = createImage2d(g_sizeX, 1, from, eIBT_Real);
+        const boost::shared_ptr<BaseImage> out = createImage2d(g_sizeX, 1, to, eIBT_Real);
+        for (unsigned long c = 0; c < 3; ++c)
+        {
+            std::fill_n(planeData<float>(in, c), g_sizeX, 7.0F);
+            std::fill_n(planeData<float>(out, c), g_sizeX, 99.0F);
+        }
+        OpenLvl3 lvl3(in, out, {});
+        lvl3.bind();
+        for (const AlgorithmFunctionIdentifier& row : ColorConvertImgLvl3::accessFunctionSelector().getFunctions())
+        {
+            if (row.getDataTypes().getId(0) != eIBT_Real || row.getDataTypes().getId(1) != eIBT_Real)
+            {
+                continue;
+            }
+            EXPECT_TRUE(lvl3.call(row, 0));
+            for (unsigned long c = 0; c < 3; ++c)
+            {
+                EXPECT_EQ(std::count(planeData<float>(out, c), planeData<float>(out, c) + g_sizeX, 99.0F),
+                          static_cast<long>(g_sizeX));
+            }
+        }
+    }
 }
 
 TEST(ColorConvertImgLvl3Rows, AKernelWithoutParsersOrOfOtherTypesIsRefused)
