@@ -1,5 +1,8 @@
 #include "KOVISIPL/KOVISIPLColor/KOVISIPLColorLog.h"
 
+#include "KOVIS/KOVISUtil/ThrowMessage.h"
+#include "KOVISIPL/KOVISIPLColor/throwColorText.h"
+
 #include <boost/thread/mutex.hpp>
 
 namespace kovis::imaproc::color
@@ -67,5 +70,12 @@ LogMessageManager& getKOVISIPLColorLogMessageManager()
     const boost::mutex::scoped_lock lock(ManagerMutex::get());
     static LogMessageManager* const g_manager = LogMessageManager::getInstance("KOVISIPLColor");
     return *g_manager;
+}
+
+void throwColorText(const std::string& text, const char* function, const char* file, unsigned int line)
+{
+    kovis::detail::logIfEnabled(getKOVISIPLColorLogger(), log4cplus::ERROR_LOG_LEVEL, getKOVISIPLColorLogMessageManager(), text,
+                                {function, file, line});
+    throw KOVISIPLColorException(text, function, file, line);
 }
 } // namespace kovis::imaproc::color

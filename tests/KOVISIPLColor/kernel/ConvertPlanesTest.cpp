@@ -2,10 +2,10 @@
 #include "KOVISIPL/KOVISIPLColor/KOVISIPLColorLog.h"
 #include "KOVISIPLColor/kernel/KernelGrid.h"
 #include "KOVISIPLColor/kernel/KernelSamples.h"
+#include "support/RecordingAppender.h"
 
 #include <gmock/gmock.h>
 
-#include <set>
 #include <string>
 #include <vector>
 
@@ -99,26 +99,25 @@ void storeHSV(const ModelForm& form, PlaneSet<float>& rgb, PlaneSet<T>& hsv)
     }
 }
 
-/// Does some link of the route from one space to the other need a family that is still missing?
+// x: a link of the way needs a family that this version lacks: Lab, Luv and HLS at an end, and the sRGB curve from Rgb or HSV to
+// XYZ. Rows are sources, columns targets: Grey, Rgb, Rgba, XYZ, YPbPr, YCbCr, CieLab, CieLuv, HLS, HSV, User.
+constexpr const char* g_missing[11] = {
+    "......xxx..", // Grey
+    "...x..xxx..", // Rgb
+    "......xxx..", // Rgba
+    "......xxx..", // XYZ
+    "......xxx..", // YPbPr
+    "......xxx..", // YCbCr
+    "xxxxxx.xxxx", // CieLab
+    "xxxxxxx.xxx", // CieLuv
+    "xxxxxxxx.xx", // HLS
+    "...x..xxx..", // HSV
+    "......xxx..", // User
+};
+
 bool isMissing(eColorGeometryType from, eColorGeometryType to)
 {
-    if (from == to && from != eCGT_User)
-    {
-        return false;
-    }
-    const ConversionChain chain =
-        buildConversionChain(ConversionStep(from, channelsOf(from), eIBT_Real), ConversionStep(to, channelsOf(to), eIBT_Real));
-    const std::set<eColorGeometryType> missing{eCGT_CieLab, eCGT_CieLuv, eCGT_HLS};
-    for (std::size_t k = 0; k + 1 < chain.size(); ++k)
-    {
-        const eColorGeometryType begin = chain[k].get<0>();
-        const eColorGeometryType end = chain[k + 1].get<0>();
-        if (missing.count(begin) != 0 || missing.count(end) != 0 || (begin == eCGT_Rgb && end == eCGT_XYZ))
-        {
-            return true;
-        }
-    }
-    return false;
+    return g_missing[from][to] == 'x';
 }
 } // namespace
 
@@ -327,6 +326,39 @@ TYPED_TEST(ConvertPlanes, AShortUserMatrixEndsTheRunBeforeTheFirstLink)
     EXPECT_THROW(convert<TypeParam>(eCGT_User, eCGT_Grey, {}, in, out), KOVISIPLColorException);
 }
 
+/// The event of the one error that the call logs and throws.
+template <class TCall>
+void expectLogged(const TCall& call, const std::string& function)
+{
+    const Recording recording(getKOVISIPLColorLogger());
+    try
+    {
+        call();
+        ADD_FAILURE() << "nothing was thrown";
+    }
+    catch (const KOVISIPLColorException& error)
+    {
+        const std::vector<RecordingAppender::Event> events = recording.getEvents();
+        ASSERT_EQ(events.size(), 1U);
+        EXPECT_EQ(events[0].m_logger, getKOVISIPLColorLoggerName());
+        EXPECT_EQ(events[0].m_level, 40000);
+        EXPECT_EQ(events[0].m_message, error.getMessage());
+        EXPECT_EQ(events[0].m_file, "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/conversionErrors");
+        EXPECT_EQ(events[0].m_file, error.getFile());
+        EXPECT_EQ(events[0].m_line, static_cast<int>(error.getLine()));
+        EXPECT_THAT(error.getFunction(), testing::HasSubstr("kovis::imaproc::color::" + function + "("));
+    }
+}
+
+TYPED_TEST(ConvertPlanes, AnErrorIsLoggedOnceBeforeItIsThrown)
+{
+    PlaneSet<float> in(3, g_count);
+    PlaneSet<float> out(3, g_count);
+    expectLogged([&] { convert<TypeParam>(eCGT_Rgb, eCGT_HLS, {}, in, out); }, "throwMissingKernels");
+    expectLogged([&] { convert<TypeParam>(eCGT_Rgb, eCGT_User, std::vector<float>(11, 1.0F), in, out); }, "throwShortMatrix");
+    expectLogged([] { throwUnboundStrip(); }, "throwUnboundStrip");
+}
+
 TYPED_TEST(ConvertPlanes, EveryPairRunsOrNamesTheKernelsThatItLacks)
 {
     int nbRun = 0;
@@ -353,8 +385,8 @@ TYPED_TEST(ConvertPlanes, EveryPairRunsOrNamesTheKernelsThatItLacks)
             }
         }
     }
-    EXPECT_EQ(nbRun + nbRefused, 121);
-    EXPECT_GT(nbRun, 0);
+    EXPECT_EQ(nbRun, 65);
+    EXPECT_EQ(nbRefused, 56);
 }
 
 TYPED_TEST(ConvertPlanes, AMissingFamilyIsNamed)

@@ -4,6 +4,8 @@
 
 #include <cstddef>
 
+// Each is logged at ERROR before it is thrown.
+
 namespace kovis::imaproc::color
 {
 /// Throws KOVISIPLColorException: the link between the two spaces needs kernels that this version lacks.
