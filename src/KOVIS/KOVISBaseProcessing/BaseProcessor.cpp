@@ -168,6 +168,11 @@ void BaseProcessor::clearOutputData()
     m_madeOutputs.clear();
 }
 
+void BaseProcessor::noteMadeOutput(const boost::shared_ptr<BaseAttribute>& attribute)
+{
+    m_madeOutputs.push_back({attribute, attribute->getNbChanges()});
+}
+
 BoolResult BaseProcessor::initProcess()
 {
     m_madeOutputs.clear();
@@ -227,7 +232,7 @@ BoolResult BaseProcessor::makeOutputs()
                                                               getObjectName()))
                            : result;
             }
-            m_madeOutputs.push_back({attribute, attribute->getNbChanges()});
+            noteMadeOutput(attribute);
         }
         if (attribute->isMandatory() && !attribute->isUsable())
         {

@@ -74,6 +74,10 @@ protected:
     /// cancelled.
     void clearOutputData() override;
 
+    /// Puts an output that a class's own step has just made among what this run has made: a run that fails or is cancelled takes
+    /// it out again, one that goes well keeps it. To be called on the thread of the run, right after the output was made.
+    void noteMadeOutput(const boost::shared_ptr<BaseAttribute>& attribute);
+
     /// Checks inputs, makes outputs, tests the rule. First thing of a run.
     virtual BoolResult initProcess();
     /// Last thing of a run that went well.

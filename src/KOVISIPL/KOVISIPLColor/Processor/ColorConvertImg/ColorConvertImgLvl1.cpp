@@ -148,6 +148,8 @@ processor::RetrievalResult ColorConvertImgLvl1::retrieveSecondProvider(const cor
     {
         return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
     }
+    // a run that fails must not leave it behind, where it would stand in the way of an input of another size
+    noteMadeOutput(m_outOptWk1RealImg);
     if (input->getBufferType() == image::eIBT_Real)
     {
         return callLvl2(priority, provider);
