@@ -2,18 +2,14 @@
 
 #include "KOVIS/KOVISBaseProcessing/BaseProcessorDispatcher.h"
 #include "KOVIS/KOVISCore/Scheduler.h"
-#include "KOVISIPL/KOVISIPLColor/KOVISIPLColorLog.h"
+#include "KOVIS/KOVISImage/CudaImage.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImg.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl2.h"
 #include "KOVISIPL/KOVISIPLGlobalMeasure/StatsMsrLvl1.h"
 #include "KOVISIPL/KOVISIPLUtility/ConvertImgLvl1.h"
-#include "support/RecordingAppender.h"
 
 #include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
-
-#include <cmath>
-#include <limits>
 
 namespace kovis::imaproc::color
 {
@@ -146,9 +142,14 @@ TEST_F(ThreeStages, ConvertAFloatImageTwiceTheSecondTimeFromTheUnwrittenWorkingI
 
 TEST_F(ThreeStages, GoStraightToLevel2ForEveryOtherPair)
 {
-    for (int source = 0; source < 10; ++source)
+    const auto makeOf = [](int space, eImageBufferType type)
     {
-        for (int target = 0; target < 10; ++target)
+        const auto geometry = static_cast<eColorGeometryType>(space);
+        return geometry == eCGT_User ? createImageUser2d(7, 5, 2, type) : createImage2d(7, 5, geometry, type);
+    };
+    for (int source = eCGT_Grey; source <= eCGT_User; ++source)
+    {
+        for (int target = eCGT_Grey; target <= eCGT_User; ++target)
         {
             if (source == eCGT_Rgb && (target == eCGT_XYZ || target == eCGT_CieLab))
             {
@@ -156,8 +157,8 @@ TEST_F(ThreeStages, GoStraightToLevel2ForEveryOtherPair)
             }
             for (const eImageBufferType type : {eIBT_UInt16, eIBT_Real})
             {
-                const auto in = createImage2d(7, 5, static_cast<eColorGeometryType>(source), type);
-                const auto out = createImage2d(7, 5, static_cast<eColorGeometryType>(target), eIBT_Real);
+                const auto in = makeOf(source, type);
+                const auto out = makeOf(target, eIBT_Real);
                 const auto steps = makeSteps(in, out);
                 ASSERT_EQ(steps->retrieveFirstProvider(m_priority, m_provider).getStatus(), processor::eRS_Provided);
                 expectLvl2(m_provider, *in, *out, *steps);
@@ -197,84 +198,71 @@ TEST_F(ThreeStages, ReplaceAWorkingImageOfTheCaller)
     EXPECT_FALSE(steps->getRule()->testRule());
 }
 
-/// The message with which the conversion to XYZ ends, and whether the output was left alone.
-template <class T>
-std::string convertToXYZ(const test::ImagePtr& in)
+/// An image that lies on a GPU, as far as anyone asks.
+test::ImagePtr makeGpuImage(eColorGeometryType space)
 {
-    const auto out = test::makeFilledImage<float>(in->getSizeX(), in->getSizeY(), eCGT_XYZ, -3.0F);
-    const auto before = test::getPlanes<float>(*out);
-    std::string message = "converted";
-    try
-    {
-        colorConvertImg(in, eCGT_XYZ, out);
-    }
-    catch (const KOVISIPLColorException& e)
-    {
-        message = e.what();
-    }
-    EXPECT_EQ(test::getPlanes<float>(*out), before);
-    return message;
+    static int g_memory = 0;
+    return boost::make_shared<CudaImage>(test::makeColorGeometry(7, 5, space, eIBT_Real), std::vector<void*>(3, &g_memory),
+                                         boost::shared_ptr<const void>());
 }
 
-const std::string g_rangeMessage = "Error: the image values does not match the range [0, 255]";
-
-TEST(RangeTest, RefusesValuesOutside0To255AndWritesNothing)
+void expectFailure(const processor::RetrievalResult& result, const std::string& attribute, const std::string& reason)
 {
-    const auto in = test::makeFilledImage<unsigned short>(33, 21, eCGT_Rgb, 100);
-    planeData<unsigned short>(in, 2)[33 * 21 - 1] = 256;
-    const test::Recording recording(getKOVISIPLColorLogger());
-    EXPECT_EQ(convertToXYZ<unsigned short>(in), g_rangeMessage);
-    ASSERT_EQ(recording.getEvents().size(), 1U);
-    EXPECT_EQ(recording.getEvents()[0].m_level, 40000);
-    EXPECT_NE(recording.getEvents()[0].m_message.find(g_rangeMessage), std::string::npos);
-
-    const auto negative = test::makeFilledImage<short>(33, 21, eCGT_Rgb, 100);
-    planeData<short>(negative, 0)[17] = -1;
-    EXPECT_EQ(convertToXYZ<short>(negative), g_rangeMessage);
-
-    for (const float value :
-         {255.00002F, -1e-30F, std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()})
-    {
-        const auto real = test::makeFilledImage<float>(33, 21, eCGT_Rgb, 100.0F);
-        planeData<float>(real, 1)[500] = value;
-        EXPECT_EQ(convertToXYZ<float>(real), g_rangeMessage) << value;
-    }
+    EXPECT_EQ(result.getStatus(), 2);
+    EXPECT_NE(result.getMessage().find(attribute), std::string::npos) << result.getMessage();
+    EXPECT_NE(result.getMessage().find(reason), std::string::npos) << result.getMessage();
 }
 
-TEST(RangeTest, IncludesItsBoundsAndNeverRefusesUnsignedChar)
+/// What a processor of level 1 or 2 answers to an image that its splits cannot cut: the split's own words, which name the
+/// attribute of the next level.
+template <class TInput, class TOutput, class TProcessor, class TRetrieve>
+void expectFailures(TProcessor& processor, const std::string& input, const std::string& output, const TRetrieve& retrieve)
 {
-    // the kernels that follow are of a later version; the range test has passed when they are asked for
-    const auto in = test::makeFilledImage<float>(5, 5, eCGT_Rgb, 0.0F);
-    planeData<float>(in, 1)[3] = 255.0F;
-    EXPECT_NE(convertToXYZ<float>(in), g_rangeMessage);
-    EXPECT_NE(convertToXYZ<unsigned char>(test::makeFilledImage<unsigned char>(5, 5, eCGT_Rgb, 253)), g_rangeMessage);
+    const auto good = createImage2d(7, 5, eCGT_Rgb, eIBT_Real);
+    core::ActionProviderPtr provider;
+    processor.template set<TInput>(good);
+    processor.template set<TOutput>(makeGpuImage(eCGT_HSV));
+    expectFailure(retrieve(provider), output, "lies on a GPU");
+    processor.template set<TOutput>(test::ImagePtr());
+    expectFailure(retrieve(provider), output, "null pointer");
+    processor.template set<TOutput>(createImage2d(7, 5, eCGT_HSV, eIBT_Real));
+    processor.template set<TInput>(makeGpuImage(eCGT_Rgb));
+    expectFailure(retrieve(provider), input, "lies on a GPU");
+    processor.template set<TInput>(test::ImagePtr());
+    expectFailure(retrieve(provider), input, "null pointer");
+    EXPECT_FALSE(provider);
 }
 
-TEST(RangeTest, SeesNothingPastThePlanes)
+TEST_F(ThreeStages, AnswerStatus2WithTheMessageOfWhatFailed)
 {
-    const auto in = test::makeFilledImage<float>(3, 3, eCGT_Rgb, 100.0F);
-    for (unsigned long c = 0; c < 3; ++c)
-    {
-        std::fill_n(planeData<float>(in, c) + 9, 64, 1e9F);
-    }
-    EXPECT_NE(convertToXYZ<float>(in), g_rangeMessage);
+    const auto steps = boost::make_shared<Steps>();
+    ASSERT_TRUE(steps->init());
+    steps->set<attr::InColorConversionTransform>(attr::createColorConversionTransform(eCGT_HSV));
+    expectFailures<attr::InColorImg, attr::OutColorImg>(
+        *steps, "InSubColorImg2d", "OutSubColorImg2d",
+        [&](core::ActionProviderPtr& provider) { return steps->retrieveFirstProvider(m_priority, provider); });
+
+    // the third step reads the working image, which is not there
+    const auto converting = makeSteps(createImage2d(7, 5, eCGT_Rgb, eIBT_Real), createImage2d(7, 5, eCGT_XYZ, eIBT_Real));
+    expectFailure(converting->retrieveThirdProvider(m_priority, m_provider), "InSubColorImg2d", "null pointer");
+    EXPECT_FALSE(m_provider);
 }
 
-TEST(RangeTest, IsNotThereForLuvAndRgba)
+/// Level 2 with its step at hand.
+class Level2Step : public ColorConvertImgLvl2
 {
-    for (const auto& [source, target] :
-         {std::pair(eCGT_Rgb, eCGT_CieLuv), std::pair(eCGT_Rgba, eCGT_XYZ), std::pair(eCGT_Rgba, eCGT_CieLab)})
-    {
-        const auto in = test::makeFilledImage<float>(5, 5, source, 1000.0F);
-        try
-        {
-            colorConvertImg(in, target);
-        }
-        catch (const KOVISIPLColorException& e)
-        {
-            EXPECT_NE(std::string(e.what()), g_rangeMessage);
-        }
-    }
+public:
+    using ColorConvertImgLvl2::retrieveProvider;
+};
+
+TEST(ColorConvertImgLvl2Step, AnswersStatus2WithTheMessageOfWhatFailed)
+{
+    Level2Step step;
+    ASSERT_TRUE(step.init());
+    step.set<attr::InColorConversionTransform>(attr::createColorConversionTransform(eCGT_HSV));
+    expectFailures<attr::InSubColorImg2d, attr::OutSubColorImg2d>(
+        step, "InColorYStrip2d", "OutColorYStrip2d",
+        [&](core::ActionProviderPtr& provider) { return step.retrieveProvider(core::BasePriority(), provider); });
 }
 } // namespace
 } // namespace kovis::imaproc::color
