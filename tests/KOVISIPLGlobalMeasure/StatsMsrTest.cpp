@@ -267,5 +267,20 @@ TEST(ExactSum, HoldsManyTerms)
     }
     EXPECT_EQ(sum.getValue(), 1e23L - 325000.0L);
 }
+
+TEST(StatsMsrLvl2, NamesAnAttributeOfItsOwnLibraryByItsOwnNamespace)
+{
+    StatsMsrLvl2 processor;
+    try
+    {
+        processor.set<OutStatsAccumulation>(OutStatsAccumulation::StorageType());
+        ADD_FAILURE() << "nothing was thrown";
+    }
+    catch (const BaseException& e)
+    {
+        EXPECT_EQ(e.getFunction(), "void kovis::imaproc::glbmsr::StatsMsrLvl2::set(const typename TAttribute::StorageType&) "
+                                   "[with TAttribute = kovis::imaproc::glbmsr::OutStatsAccumulation]");
+    }
+}
 } // namespace
 } // namespace kovis::imaproc::glbmsr

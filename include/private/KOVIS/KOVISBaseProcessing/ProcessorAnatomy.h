@@ -15,11 +15,13 @@
 #include "KOVIS/KOVISUtil/Logging.h"
 #include "KOVIS/KOVISUtil/ThrowMessage.h"
 
+#include <boost/core/demangle.hpp>
 #include <boost/make_shared.hpp>
 #include <boost/shared_ptr.hpp>
 
 #include <string>
 #include <tuple>
+#include <typeinfo>
 #include <vector>
 
 // What all processor classes have in common, written once. A class's unit specialises ProcessorTraits (KOVIS_PROCESSOR_TRAITS),
@@ -180,7 +182,7 @@ private:
         if (!processor.isInitialised())
         {
             const std::string function = getFunction(returnType, signature) +
-                                         " [with TAttribute = kovis::imaproc::attr::" + TAttribute::getObjectNameStr() + "]";
+                                         " [with TAttribute = " + boost::core::demangle(typeid(TAttribute).name()) + "]";
             throwMessage<KOVISBaseProcessingException>(getKOVISBaseProcessingLogMessageManager(), getKOVISBaseProcessingLogger(),
                                                        "N5kovis9processor17eProcessorMessage6domainE", 33,
                                                        SourcePlace{function.c_str(), Traits::g_sourcePath, T::g_accessLine},
