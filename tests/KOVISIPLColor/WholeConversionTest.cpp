@@ -203,9 +203,15 @@ void expectConversion(const ModelForm& form, const Space& from, const Space& to,
     }
     const Planes<Tout> expected = modelConversion<Tin, Tout>(form, from, to, user, source);
 
-    for (const bool bWrapped : {false, true})
+    // each side by itself too: one that is staged must not lean on the other
+    struct Memory
     {
-        const ImagePtr in = makeImage<Tin>(sizeX, sizeY, from, bWrapped);
+        bool m_bInWrapped;
+        bool m_bOutWrapped;
+    };
+    for (const Memory& memory : {Memory{false, false}, Memory{true, false}, Memory{false, true}, Memory{true, true}})
+    {
+        const ImagePtr in = makeImage<Tin>(sizeX, sizeY, from, memory.m_bInWrapped);
         for (unsigned int c = 0; c < from.m_sizeC; ++c)
         {
             std::copy(source[c].begin(), source[c].end(), planeData<Tin>(in, c));
@@ -216,7 +222,7 @@ void expectConversion(const ModelForm& form, const Space& from, const Space& to,
             for (const unsigned long stripHeight : {0UL, 1UL, 2UL})
             {
                 processor::setStripHeight(stripHeight);
-                const ImagePtr out = makeImage<Tout>(sizeX, sizeY, to, bWrapped);
+                const ImagePtr out = makeImage<Tout>(sizeX, sizeY, to, memory.m_bOutWrapped);
                 colorConvertImg(in, boost::shared_ptr<const attr::ColorConversionTransform>(transform), out);
                 const Planes<Tout> found = getPlanes<Tout>(*out);
                 for (unsigned int c = 0; c < to.m_sizeC; ++c)
@@ -226,7 +232,8 @@ void expectConversion(const ModelForm& form, const Space& from, const Space& to,
                         ASSERT_TRUE(sameValue(found[c][i], expected[c][i]))
                             << form.m_name << ", " << getColorGeometryTypeName(from.m_geometry) << " to "
                             << getColorGeometryTypeName(to.m_geometry) << ", width " << sizeX << ", strip height " << stripHeight
-                            << ", " << nbThreads << " threads, wrapped " << bWrapped << ", channel " << c << ", element " << i
+                            << ", " << nbThreads << " threads, input wrapped " << memory.m_bInWrapped
+                            << ", output wrapped " << memory.m_bOutWrapped << ", channel " << c << ", element " << i
                             << ": " << +found[c][i] << " instead of " << +expected[c][i];
                     }
                 }
