@@ -16,6 +16,40 @@ namespace
 {
 using namespace image;
 
+using DynamicSplits = std::vector<boost::shared_ptr<processor::BaseDynamicSplit>>;
+using StaticSplits = std::vector<boost::shared_ptr<processor::BaseStaticSplit>>;
+
+/// Defines the function at which a dispatcher's splits can be seen, in their order: nothing else shows it.
+template <class TDispatcher, class TSplits, TSplits TDispatcher::* Member>
+struct SplitsAccess
+{
+    friend const TSplits& getSplits(const TDispatcher& dispatcher) { return dispatcher.*Member; }
+};
+const DynamicSplits& getSplits(const processor::BaseDynamicProcessorDispatcher& dispatcher);
+const StaticSplits& getSplits(const processor::BaseStaticProcessorDispatcher& dispatcher);
+template struct SplitsAccess<processor::BaseDynamicProcessorDispatcher, DynamicSplits,
+                             &processor::BaseDynamicProcessorDispatcher::m_splits>;
+template struct SplitsAccess<processor::BaseStaticProcessorDispatcher, StaticSplits,
+                             &processor::BaseStaticProcessorDispatcher::m_splits>;
+
+template <class TDispatcher>
+std::vector<std::string> getSplitNames(const TDispatcher& dispatcher)
+{
+    std::vector<std::string> names;
+    for (const auto& split : getSplits(dispatcher))
+    {
+        names.push_back(split->getAttributeName());
+    }
+    return names;
+}
+
+/// Level 1 with its first step at hand.
+class FirstStep : public ColorConvertImgLvl1
+{
+public:
+    using ColorConvertImgLvl1::retrieveFirstProvider;
+};
+
 /// Level 2 with its step at hand.
 class Step : public ColorConvertImgLvl2
 {
@@ -40,7 +74,8 @@ TEST(ColorConvertImgLvl2, CutsItsImagesIntoStripsOfAllChannels)
     // both overloads are there: the framework's with the number of the step, and the class's own
     const auto byFramework = step->retrieveProvider(core::BasePriority(), 0, 1, provider);
     ASSERT_EQ(byFramework.getStatus(), processor::eRS_Provided) << byFramework.getMessage();
-    const auto result = step->retrieveProvider(core::BasePriority(), provider);
+    const core::BasePriority priority(7);
+    const auto result = step->retrieveProvider(priority, provider);
     ASSERT_EQ(result.getStatus(), processor::eRS_Provided) << result.getMessage();
     const auto dispatcher = boost::dynamic_pointer_cast<processor::BaseDynamicProcessorDispatcher>(provider);
     ASSERT_TRUE(dispatcher);
@@ -48,7 +83,12 @@ TEST(ColorConvertImgLvl2, CutsItsImagesIntoStripsOfAllChannels)
     EXPECT_EQ(dispatcher->getProcessorToolTip(), ColorConvertImgLvl3::getToolTipStr());
     processor::setStripHeight(0);
 
+    EXPECT_EQ(dispatcher->getNbPieces(), 3U); // 40 rows by 16
+    EXPECT_EQ(getSplitNames(*dispatcher),
+              (std::vector<std::string>{"InColorYStrip2d", "InColorConversionTransform", "OutColorYStrip2d"}));
+
     unsigned long nbExact = 0;
+    unsigned long nbPieces = 0;
     while (dispatcher->hasPendingAction())
     {
         boost::shared_ptr<core::BaseActionRequest> request;
@@ -58,6 +98,8 @@ TEST(ColorConvertImgLvl2, CutsItsImagesIntoStripsOfAllChannels)
         ASSERT_TRUE(bGiven);
         const auto piece = boost::dynamic_pointer_cast<ColorConvertImgLvl3>(request->getAction());
         ASSERT_TRUE(piece);
+        ++nbPieces;
+        EXPECT_EQ(piece->getActionPriority(), priority);
         const auto inStrip =
             boost::static_pointer_cast<attr::InColorYStrip2d>(piece->getAttribute("InColorYStrip2d"))->getStorage();
         const auto outStrip =
@@ -74,6 +116,41 @@ TEST(ColorConvertImgLvl2, CutsItsImagesIntoStripsOfAllChannels)
                   transform);
     }
     EXPECT_EQ(nbExact, 2000U);
+    EXPECT_EQ(nbPieces, 3U);
+}
+
+TEST(ColorConvertImgLvl1, CutsItsImagesIntoSlicesOfAllChannels)
+{
+    const auto step = boost::make_shared<FirstStep>();
+    ASSERT_TRUE(step->init());
+    step->set<attr::InColorImg>(createImage(test::makeColorGeometry(5, 4, eCGT_Rgb, eIBT_UInt8, 3, 2)));
+    step->set<attr::InColorConversionTransform>(attr::createColorConversionTransform(eCGT_HSV));
+    step->set<attr::OutColorImg>(createImage(test::makeColorGeometry(5, 4, eCGT_HSV, eIBT_Real, 3, 2)));
+    const core::BasePriority priority(7);
+    core::ActionProviderPtr provider;
+    ASSERT_EQ(step->retrieveFirstProvider(priority, provider).getStatus(), processor::eRS_Provided);
+    const auto dispatcher = boost::dynamic_pointer_cast<processor::BaseStaticProcessorDispatcher>(provider);
+    ASSERT_TRUE(dispatcher);
+    EXPECT_EQ(dispatcher->getProcessorName(), "ColorConvertImgLvl2");
+    EXPECT_EQ(getSplitNames(*dispatcher),
+              (std::vector<std::string>{"InSubColorImg2d", "InColorConversionTransform", "OutSubColorImg2d"}));
+    ASSERT_EQ(dispatcher->getNbPieces(), 6U);
+    for (int i = 0; i < 6; ++i)
+    {
+        boost::shared_ptr<core::BaseActionRequest> request;
+        boost::shared_ptr<BaseSerializationObject> data;
+        bool bGiven = false;
+        ASSERT_TRUE(dispatcher->queryNextAction(core::BaseRequestOrigin(), request, bGiven, data));
+        ASSERT_TRUE(bGiven);
+        const auto piece = boost::dynamic_pointer_cast<ColorConvertImgLvl2>(request->getAction());
+        ASSERT_TRUE(piece);
+        EXPECT_EQ(piece->getActionPriority(), priority);
+        const BaseImage& slice =
+            boost::static_pointer_cast<attr::InSubColorImg2d>(piece->getAttribute("InSubColorImg2d"))->getImage();
+        EXPECT_EQ(slice.getSizeC(), 3U);
+        EXPECT_EQ(slice.getSizeZ() * slice.getSizeT(), 1U);
+    }
+    EXPECT_FALSE(dispatcher->hasPendingAction());
 }
 
 TEST(ColorConvertImgLvl2, ComparesItsImagesInTwoDimensions)
