@@ -45,18 +45,22 @@ constexpr Size g_sizes[] = {{64, 64}, {512, 512}, {2048, 2048}, {6000, 4000}};
 void convertGiven(benchmark::State& state, const Conversion& conversion, const Size& size, unsigned int nbThreads)
 {
     core::setMaxConcurrency(nbThreads);
-    const boost::shared_ptr<const image::BaseImage> input = makeImage(size.m_x, size.m_y, conversion.m_from, conversion.m_fromType);
+    const boost::shared_ptr<const image::BaseImage> input =
+        makeImage(size.m_x, size.m_y, conversion.m_from, conversion.m_fromType);
     const auto output = image::createImage2d(size.m_x, size.m_y, conversion.m_to, conversion.m_toType);
-    runBesideCopy(state, [&] { imaproc::color::colorConvertImg(input, conversion.m_to, output); }, *input, *output);
+    runBesideCopy(
+        state, [&] { imaproc::color::colorConvertImg(input, conversion.m_to, output); }, *input, *output);
     core::setMaxConcurrency(0);
 }
 
 void convertMade(benchmark::State& state, const Conversion& conversion, const Size& size, unsigned int nbThreads)
 {
     core::setMaxConcurrency(nbThreads);
-    const boost::shared_ptr<const image::BaseImage> input = makeImage(size.m_x, size.m_y, conversion.m_from, conversion.m_fromType);
+    const boost::shared_ptr<const image::BaseImage> input =
+        makeImage(size.m_x, size.m_y, conversion.m_from, conversion.m_fromType);
     const auto copied = image::createImage2d(size.m_x, size.m_y, conversion.m_to, conversion.m_toType);
-    runBesideCopy(state, [&] { benchmark::DoNotOptimize(imaproc::color::colorConvertImg(input, conversion.m_to)); }, *input, *copied);
+    runBesideCopy(
+        state, [&] { benchmark::DoNotOptimize(imaproc::color::colorConvertImg(input, conversion.m_to)); }, *input, *copied);
     core::setMaxConcurrency(0);
 }
 } // namespace
@@ -69,14 +73,14 @@ void registerImageBenchmarks()
         {
             for (const unsigned int nbThreads : {1U, 2U})
             {
-                const std::string name = std::string(conversion.m_name) + "/" + std::to_string(size.m_x) + "x" + std::to_string(size.m_y) + "/threads:" +
-                                         std::to_string(nbThreads);
-                benchmark::RegisterBenchmark(("image_given/" + name).c_str(),
-                                             [&, nbThreads](benchmark::State& state) { convertGiven(state, conversion, size, nbThreads); })
+                const std::string name = std::string(conversion.m_name) + "/" + std::to_string(size.m_x) + "x" +
+                                         std::to_string(size.m_y) + "/threads:" + std::to_string(nbThreads);
+                benchmark::RegisterBenchmark(("image_given/" + name).c_str(), [&, nbThreads](benchmark::State& state)
+                                             { convertGiven(state, conversion, size, nbThreads); })
                     ->UseManualTime()
                     ->Unit(benchmark::kMicrosecond);
-                benchmark::RegisterBenchmark(("image_made/" + name).c_str(),
-                                             [&, nbThreads](benchmark::State& state) { convertMade(state, conversion, size, nbThreads); })
+                benchmark::RegisterBenchmark(("image_made/" + name).c_str(), [&, nbThreads](benchmark::State& state)
+                                             { convertMade(state, conversion, size, nbThreads); })
                     ->UseManualTime()
                     ->Unit(benchmark::kMicrosecond);
             }

@@ -1,4 +1,5 @@
-// The kernels of a level 3 strip, per form and pair of element types: one strip that stays in the level 2 cache, run again and again.
+// The kernels of a level 3 strip, per form and pair of element types: one strip that stays in the level 2 cache, run again and
+// again.
 #include "KOVIS/KOVISBaseProcessing/AlgorithmFunctionSelector.h"
 #include "KOVIS/KOVISCore/isAvailable.h"
 #include "KOVIS/KOVISImage/ImageFactory.h"
@@ -42,7 +43,8 @@ constexpr Form g_forms[] = {{"generic", eInstructionSet::eIS_Generic, eInstructi
 constexpr unsigned long g_sizeX = 256;
 constexpr unsigned long g_sizeY = 64;
 
-void runKernel(benchmark::State& state, const Family& family, const Form& form, image::eImageBufferType fromType, image::eImageBufferType toType)
+void runKernel(benchmark::State& state, const Family& family, const Form& form, image::eImageBufferType fromType,
+               image::eImageBufferType toType)
 {
     processor::InstructionSetsIdentifier sets;
     sets.init(form.m_first, form.m_second);
@@ -55,7 +57,8 @@ void runKernel(benchmark::State& state, const Family& family, const Form& form, 
     processor->set<imaproc::attr::InColorYStrip2d>(image::makeInputStrip(input, 0, g_sizeY));
     processor->set<imaproc::attr::InColorConversionTransform>(imaproc::attr::createColorConversionTransform(family.m_to));
     processor->set<imaproc::attr::OutColorYStrip2d>(image::makeOutputStrip(output, 0, g_sizeY));
-    runBesideCopy(state, [&] { processor::executeSyncRun(processor); }, *input, *output);
+    runBesideCopy(
+        state, [&] { processor::executeSyncRun(processor); }, *input, *output);
 
     ColorConvertImgLvl3::releaseForcedInstructionSets();
 }
@@ -81,8 +84,8 @@ void registerKernelBenchmarks()
                     }
                     const auto fromType = static_cast<image::eImageBufferType>(from);
                     const auto toType = static_cast<image::eImageBufferType>(to);
-                    const std::string name = std::string("kernel/") + family.m_name + "/" + form.m_name + "/" + image::getElementTypeName(fromType) + "_" +
-                                             image::getElementTypeName(toType);
+                    const std::string name = std::string("kernel/") + family.m_name + "/" + form.m_name + "/" +
+                                             image::getElementTypeName(fromType) + "_" + image::getElementTypeName(toType);
                     benchmark::RegisterBenchmark(name.c_str(), [&family, &form, fromType, toType](benchmark::State& state)
                                                  { runKernel(state, family, form, fromType, toType); })
                         ->UseManualTime()

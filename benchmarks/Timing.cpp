@@ -74,7 +74,8 @@ boost::shared_ptr<image::BaseImage> makeImage(unsigned long sizeX, unsigned long
 void copyPlanes(const image::BaseImage& from, image::BaseImage& to)
 {
     const std::size_t nbElements = from.getSizeX() * from.getSizeY();
-    const std::size_t nbBytes = nbElements * std::min(image::getElementSize(from.getBufferType()), image::getElementSize(to.getBufferType()));
+    const std::size_t nbBytes =
+        nbElements * std::min(image::getElementSize(from.getBufferType()), image::getElementSize(to.getBufferType()));
     for (unsigned long c = 0; c < std::min(from.getSizeC(), to.getSizeC()); ++c)
     {
         std::memcpy(getPlane(to, c), getPlane(from, c), nbBytes);

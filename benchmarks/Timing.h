@@ -17,5 +17,6 @@ boost::shared_ptr<image::BaseImage> makeImage(unsigned long sizeX, unsigned long
 void copyPlanes(const image::BaseImage& from, image::BaseImage& to);
 
 /// Times `work` in turn with a plain copy from `from` to `to`, and reports pixels per second of both and their ratio.
-void runBesideCopy(benchmark::State& state, const std::function<void()>& work, const image::BaseImage& from, image::BaseImage& to);
+void runBesideCopy(benchmark::State& state, const std::function<void()>& work, const image::BaseImage& from,
+                   image::BaseImage& to);
 } // namespace kovis::bench
