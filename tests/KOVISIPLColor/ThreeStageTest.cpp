@@ -238,13 +238,37 @@ TEST_F(ThreeStages, AnswerStatus2WithTheMessageOfWhatFailed)
     const auto steps = boost::make_shared<Steps>();
     ASSERT_TRUE(steps->init());
     steps->set<attr::InColorConversionTransform>(attr::createColorConversionTransform(eCGT_HSV));
-    expectFailures<attr::InColorImg, attr::OutColorImg>(
-        *steps, "InSubColorImg2d", "OutSubColorImg2d",
-        [&](core::ActionProviderPtr& provider) { return steps->retrieveFirstProvider(m_priority, provider); });
+    expectFailures<attr::InColorImg, attr::OutColorImg>(*steps, "InSubColorImg2d", "OutSubColorImg2d",
+                                                        [&](core::ActionProviderPtr& provider)
+                                                        { return steps->retrieveFirstProvider(m_priority, provider); });
 
     // the third step reads the working image, which is not there
     const auto converting = makeSteps(createImage2d(7, 5, eCGT_Rgb, eIBT_Real), createImage2d(7, 5, eCGT_XYZ, eIBT_Real));
     expectFailure(converting->retrieveThirdProvider(m_priority, m_provider), "InSubColorImg2d", "null pointer");
+    EXPECT_FALSE(m_provider);
+}
+
+using ProvideProcessor = processor::RetrievalResult (ColorConvertImgLvl1::*)(const boost::shared_ptr<core::BaseAction>&,
+                                                                             const core::BasePriority&, core::ActionProviderPtr&);
+
+/// Defines the function that gives provideProcessor, which no step calls with what it refuses.
+template <ProvideProcessor Member>
+struct ProvideProcessorAccess
+{
+    friend ProvideProcessor getProvideProcessor() { return Member; }
+};
+ProvideProcessor getProvideProcessor();
+template struct ProvideProcessorAccess<&ColorConvertImgLvl1::provideProcessor>;
+
+TEST_F(ThreeStages, AnswerStatus2WhereThereIsNothingToProvide)
+{
+    Steps steps;
+    ASSERT_TRUE(steps.init());
+    const boost::shared_ptr<core::BaseAction> none;
+    const auto result = (steps.*getProvideProcessor())(none, m_priority, m_provider);
+    EXPECT_EQ(result.getStatus(), 2);
+    EXPECT_EQ(result.getMessage(), core::SingleActionProvider().init(none).getMessage());
+    EXPECT_FALSE(result.getMessage().empty());
     EXPECT_FALSE(m_provider);
 }
 

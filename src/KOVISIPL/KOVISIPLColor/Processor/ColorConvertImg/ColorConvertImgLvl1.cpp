@@ -222,7 +222,10 @@ processor::RetrievalResult ColorConvertImgLvl1::provideProcessor(const boost::sh
                                                                  const core::BasePriority& priority,
                                                                  core::ActionProviderPtr& provider)
 {
-    action->setActionPriority(priority);
+    if (action) // init tells of one that is missing
+    {
+        action->setActionPriority(priority);
+    }
     const auto single = boost::make_shared<core::SingleActionProvider>();
     const BoolResult result = single->init(action);
     if (!result)
