@@ -70,7 +70,8 @@ public:
     unsigned int m_step = 3;
 
 protected:
-    processor::RetrievalResult retrieveFirstProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider) override
+    processor::RetrievalResult retrieveFirstProvider(const core::BasePriority& priority,
+                                                     core::ActionProviderPtr& provider) override
     {
         cancelAt(0);
         return ColorConvertImgLvl1::retrieveFirstProvider(priority, provider);

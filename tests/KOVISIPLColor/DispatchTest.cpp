@@ -20,7 +20,7 @@ using DynamicSplits = std::vector<boost::shared_ptr<processor::BaseDynamicSplit>
 using StaticSplits = std::vector<boost::shared_ptr<processor::BaseStaticSplit>>;
 
 /// Defines the function at which a dispatcher's splits can be seen, in their order: nothing else shows it.
-template <class TDispatcher, class TSplits, TSplits TDispatcher::* Member>
+template <class TDispatcher, class TSplits, TSplits TDispatcher::*Member>
 struct SplitsAccess
 {
     friend const TSplits& getSplits(const TDispatcher& dispatcher) { return dispatcher.*Member; }

@@ -232,9 +232,9 @@ void expectConversion(const ModelForm& form, const Space& from, const Space& to,
                         ASSERT_TRUE(sameValue(found[c][i], expected[c][i]))
                             << form.m_name << ", " << getColorGeometryTypeName(from.m_geometry) << " to "
                             << getColorGeometryTypeName(to.m_geometry) << ", width " << sizeX << ", strip height " << stripHeight
-                            << ", " << nbThreads << " threads, input wrapped " << memory.m_bInWrapped
-                            << ", output wrapped " << memory.m_bOutWrapped << ", channel " << c << ", element " << i
-                            << ": " << +found[c][i] << " instead of " << +expected[c][i];
+                            << ", " << nbThreads << " threads, input wrapped " << memory.m_bInWrapped << ", output wrapped "
+                            << memory.m_bOutWrapped << ", channel " << c << ", element " << i << ": " << +found[c][i]
+                            << " instead of " << +expected[c][i];
                     }
                 }
             }
