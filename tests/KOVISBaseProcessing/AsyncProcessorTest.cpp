@@ -95,6 +95,35 @@ TEST(AsyncProcessor, AStepWithoutWorkIsPassedOver)
     EXPECT_NEAR(2.0 / 3.0, progress, 1e-9);
 }
 
+TEST(AsyncProcessor, StepsThatWillHaveWorkShareTheProgress)
+{
+    const auto processor = boost::make_shared<ToyStepProcessor>();
+    processor->init();
+    std::vector<double> progress;
+    const auto look = [&]
+    {
+        progress.push_back(processor->getProgress());
+        return BoolResult(true);
+    };
+    processor->m_steps[0] = [&](ActionProviderPtr& provider)
+    {
+        processor->setNbWorkingSteps(2);
+        return provide(provider, look);
+    };
+    processor->m_steps[2] = [&](ActionProviderPtr& provider) { return provide(provider, look); };
+    processor::executeSyncRun(processor);
+    ASSERT_EQ(2U, progress.size());
+    EXPECT_EQ(0.0, progress[0]);
+    EXPECT_NEAR(0.5, progress[1], 1e-9);
+
+    // It holds for one run.
+    progress.clear();
+    processor->m_steps[0] = [&](ActionProviderPtr& provider) { return provide(provider, look); };
+    processor::executeSyncRun(processor);
+    ASSERT_EQ(2U, progress.size());
+    EXPECT_NEAR(2.0 / 3.0, progress[1], 1e-9);
+}
+
 TEST(AsyncProcessor, TheOneStepReachesTheTwoArgumentOperation)
 {
     const auto processor = boost::make_shared<ToyOneStepProcessor>();

@@ -109,6 +109,7 @@ public:
     std::vector<std::pair<unsigned int, unsigned int>> m_stepNumbers;
 
     using BaseAsync3Processor::getProcessorType;
+    using BaseAsync3Processor::setNbWorkingSteps;
 
 protected:
     BoolResult initDerived(Attributes& attributes, Initializers& initializers, processor::ProcessorDispatchPolicy& policy,

@@ -132,6 +132,14 @@ TEST_F(Program, misuseEndsWithTwoAndOneLine)
     EXPECT_TRUE(contains(runProgram({"convrt", m_input}).err, "there is no verb 'convrt'; did you mean 'convert'?"));
 }
 
+TEST_F(Program, theVersionIsTold)
+{
+    const ProgramRun run = runProgram({"--version"});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.out.rfind("kovis-color ", 0), 0U) << run.out;
+    EXPECT_EQ(countLines(run.out), 1U);
+}
+
 TEST_F(Program, failureEndsWithOneAndOneLine)
 {
     writeBytes(m_folder.getPath("text.png"), {'t', 'e', 'x', 't'});

@@ -26,6 +26,7 @@ constexpr const char* g_convertFooter =
     "Samples are taken as the numbers that they are: nothing is scaled, and where the sRGB curve is part of the way\n"
     "(rgb to xyz, lab or luv) they are read on the scale 0 to 255. The element type of the result is that of the input\n"
     "for ycbcr and between rgb and rgba, otherwise f32; a format that cannot hold it takes the nearest that it can.\n"
+    "Lab, luv and hls, and rgb to xyz, come with the next version and are refused until then.\n"
     "The output's extension tells its format: .tif, .tiff, .png, .jpg, .jpeg.\n\n"
     "Examples:\n"
     "  kovis-color convert photo.png -o hsv.tif --to hsv\n"
@@ -77,6 +78,7 @@ CommandLine::CommandLine()
 {
     m_app.require_subcommand(1);
     m_app.footer(g_mainFooter);
+    m_app.set_version_flag("--version", "kovis-color " KOVIS_VERSION);
 
     m_convert = m_app.add_subcommand("convert", "Convert a picture from its colour space to another");
     m_convert->footer(g_convertFooter);
@@ -93,7 +95,8 @@ CommandLine::CommandLine()
         ->check(refuseEmpty);
     m_convert->add_option("--type", m_convertOptions.type, "Element type of the result: u8, i8, u16, i16, u32, i32, f32")
         ->check(refuseEmpty);
-    m_convert->add_option("--isa", m_convertOptions.isa, "Instruction set to use: generic, sse2, avx, avx2, fma3")
+    m_convert
+        ->add_option("--isa", m_convertOptions.isa, "Instruction set to use: generic, sse2, avx (f32 to f32 only), avx2, fma3")
         ->check(refuseEmpty);
     m_convert->add_option("--threads", m_convertOptions.threads, "Threads to use (all processors if not given)")
         ->check(CLI::Range(1U, g_maxThreads));
@@ -120,6 +123,10 @@ int CommandLine::run(int argc, const char* const* argv, std::ostream& out, std::
     catch (const CLI::CallForHelp& help)
     {
         return m_app.exit(help, out, err);
+    }
+    catch (const CLI::CallForVersion& version)
+    {
+        return m_app.exit(version, out, err);
     }
     catch (const CLI::ParseError& error)
     {

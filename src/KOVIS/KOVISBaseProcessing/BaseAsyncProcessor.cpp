@@ -17,6 +17,7 @@ BoolResult BaseAsyncProcessor::runDerived()
     }
     core::detail::RunContext& context = getRunContext();
     const unsigned int nbSteps = retrieveSequenceInfo();
+    m_nbWorkingSteps = 0;
     for (unsigned int step = 0; step < nbSteps; ++step)
     {
         if (core::detail::isStopping(context))
@@ -36,9 +37,9 @@ BoolResult BaseAsyncProcessor::runDerived()
 BoolResult BaseAsyncProcessor::runStep(unsigned int step, unsigned int nbSteps)
 {
     core::detail::RunContext& context = getRunContext();
-    const double share = getProgressShare() / nbSteps;
     core::ActionProviderPtr provider;
     const RetrievalResult retrieval = retrieveProvider(getActionPriority(), step, nbSteps, provider);
+    const double share = getProgressShare() / (m_nbWorkingSteps != 0 ? m_nbWorkingSteps : nbSteps);
     switch (retrieval.getStatus())
     {
     case eRS_Provided:
@@ -52,7 +53,10 @@ BoolResult BaseAsyncProcessor::runStep(unsigned int step, unsigned int nbSteps)
         }
         return BoolResult(true);
     case eRS_NoWork:
-        core::detail::addProgress(context, share);
+        if (m_nbWorkingSteps == 0)
+        {
+            core::detail::addProgress(context, share);
+        }
         return BoolResult(true);
     case eRS_Failed:
         return BoolResult(false, retrieval.getMessage().empty()

@@ -29,8 +29,14 @@ protected:
     virtual BoolResult preProcess();
     virtual BoolResult postProcess();
 
+    /// Tells, from within the first step, how many steps of this run will have work: they share the progress. All if it is not
+    /// told.
+    void setNbWorkingSteps(unsigned int nbSteps) { m_nbWorkingSteps = nbSteps; }
+
 private:
     BoolResult runStep(unsigned int step, unsigned int nbSteps);
+
+    unsigned int m_nbWorkingSteps = 0; ///< 0: not told
 };
 
 /// A processor of one step.

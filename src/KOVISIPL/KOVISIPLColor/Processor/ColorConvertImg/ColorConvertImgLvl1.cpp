@@ -106,7 +106,9 @@ processor::RetrievalResult ColorConvertImgLvl1::retrieveFirstProvider(const core
 {
     m_currentSource = m_inColorImg->getStorage();
     m_statsResult.reset();
-    if (isRangeTestNeeded())
+    const bool bMeasured = isRangeTestNeeded();
+    setNbWorkingSteps(bMeasured ? 3 : 1);
+    if (bMeasured)
     {
         m_statsResult = boost::make_shared<attr::StatsResult>();
         return stats(priority, provider);

@@ -2,6 +2,7 @@
 
 #include "KOVIS/KOVISImage/BaseImage.h"
 #include "KOVIS/KOVISImage/eColorGeometryType.h"
+#include "KOVIS/KOVISUtil/BaseException.h"
 #include "KOVISIPL/KOVISIPLAttributes/ColorConversionTransform.h"
 #include "KOVISIPL/KOVISIPLColor/KOVISIPLColorExport.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl1.h"
