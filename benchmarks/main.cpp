@@ -4,12 +4,14 @@ namespace kovis::bench
 {
 void registerImageBenchmarks();
 void registerKernelBenchmarks();
+void registerMemoryBenchmarks();
 } // namespace kovis::bench
 
 int main(int argc, char** argv)
 {
     kovis::bench::registerImageBenchmarks();
     kovis::bench::registerKernelBenchmarks();
+    kovis::bench::registerMemoryBenchmarks();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
     {
