@@ -465,6 +465,10 @@ TEST_F(Program, infoTellsWhatAFileHolds)
     EXPECT_EQ(text.exitCode, 0);
     EXPECT_EQ(text.out, m_input + ": TIFF, 3 x 1, 3 channel(s), u8, 1 page(s), read as rgb\n"
                                   "  channel R: 10 to 255\n  channel G: 0 to 100\n  channel B: 0 to 100\n");
+    ASSERT_EQ(runProgram({"convert", m_input, "-o", m_output, "--to", "hsv"}).exitCode, 0);
+    const std::string note = "it is read as rgb, but by its own words holds 'colour space: hsv'; --from says otherwise";
+    EXPECT_TRUE(contains(runProgram({"info", m_output}).out, "  " + note + "\n"));
+    EXPECT_EQ(Json::parse(runProgram({"info", m_output, "--json"}).out)["note"], note);
     writeRow<float>(m_input, ElementType::eF32, 2, {1.5F, std::numeric_limits<float>::quiet_NaN()}, 3);
     const Json json = Json::parse(runProgram({"info", m_input, "--json"}).out);
     EXPECT_EQ(json["channels"], 2);

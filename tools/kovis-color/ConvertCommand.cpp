@@ -8,6 +8,7 @@
 #include "OutputFile.h"
 #include "PictureFile.h"
 #include "ProgressBar.h"
+#include "SpaceTag.h"
 #include "ToolError.h"
 
 #include "KOVIS/KOVISCore/Scheduler.h"
@@ -24,8 +25,6 @@ namespace kovis::tool
 {
 namespace
 {
-constexpr const char* g_descriptionStart = "colour space: ";
-
 /// Seconds since the last call.
 class Stopwatch
 {
@@ -110,10 +109,9 @@ void ConvertRun::chooseSource(const Picture& picture)
     if (!picture.doubt.empty())
         throw ToolError(m_options.input, picture.doubt, "say by --from how its channels are to be read (user takes any)");
     m_conversion.from = getDefaultSpace(picture.shape.channels);
-    const std::string own = g_descriptionStart + std::string(getSpaceName(m_conversion.from));
-    if (picture.description.rfind(g_descriptionStart, 0) == 0 && picture.description != own)
-        warn(m_options.input, "note: it is read as " + std::string(getSpaceName(m_conversion.from)) +
-                                  ", but by its own words holds '" + picture.description + "'; --from says otherwise");
+    const std::string note = noteOnSpaceTag(picture.description, m_conversion.from);
+    if (!note.empty())
+        warn(m_options.input, "note: " + note);
 }
 
 void ConvertRun::chooseType(const PictureShape& shape)
@@ -191,7 +189,7 @@ void ConvertRun::run()
     m_convertSeconds = stopwatch.lap();
 
     PictureView view = viewOf(*result);
-    view.description = g_descriptionStart + std::string(getSpaceName(m_conversion.to));
+    view.description = makeSpaceTag(m_conversion.to);
     writePicture(m_options.output, view);
     m_writeSeconds = stopwatch.lap();
     report(*picture, view.shape);

@@ -1,6 +1,7 @@
 #include "ColourSpace.h"
 #include "Commands.h"
 #include "PictureFile.h"
+#include "SpaceTag.h"
 #include "ToolError.h"
 
 #include <nlohmann/json.hpp>
@@ -130,8 +131,12 @@ void runInfo(const InfoOptions& options, std::ostream& out)
     ReadLimits limits;
     if (options.maxMemory != 0)
         limits.maxBytes = options.maxMemory << 20;
-    const Picture picture = readPicture(options.file, limits);
+    Picture picture = readPicture(options.file, limits);
     const image::eColorGeometryType space = getDefaultSpace(picture.shape.channels);
+    // What convert would point out.
+    const std::string tagNote = noteOnSpaceTag(picture.description, space);
+    if (!tagNote.empty())
+        picture.note += (picture.note.empty() ? "" : "; ") + tagNote;
     if (options.bJson)
         printJson(options, picture, space, out);
     else
