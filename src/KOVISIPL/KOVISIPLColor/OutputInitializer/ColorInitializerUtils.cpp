@@ -4,6 +4,7 @@
 #include "KOVISIPL/KOVISIPLColor/KOVISIPLColorLog.h"
 #include "KOVISIPL/KOVISIPLColor/OutputInitializer/TargetColorSpaceOutputInitializer.h"
 #include "KOVISIPL/KOVISIPLColor/OutputInitializerLogMessages.h"
+#include "KOVISIPL/KOVISIPLColor/getTransformNode.h"
 
 #include <boost/make_shared.hpp>
 
@@ -13,17 +14,6 @@ using namespace kovis;
 using namespace kovis::imaproc;
 
 [[maybe_unused]] const bool g_bMessagesEntered = MessageMapRegistrator<color::eOutputInitializerMessage, void>::process();
-
-// The node, kept alive: the attribute may be set anew meanwhile. Where it holds none, its own getter throws by name.
-boost::shared_ptr<const attr::ColorConversionTransform> getNode(const attr::InColorConversionTransform& attribute)
-{
-    boost::shared_ptr<const attr::ColorConversionTransform> node;
-    while (!(node = attribute.getStorage()))
-    {
-        (void)attribute.getDataItemNode();
-    }
-    return node;
-}
 
 bool isRgbOrRgba(const image::eColorGeometryType& type)
 {
@@ -52,7 +42,7 @@ image::eImageBufferType TargetColorSpaceOutputInitializer::getImageBufferType() 
 {
     const auto transform =
         getTransform("virtual kovis::image::eImageBufferType TargetColorSpaceOutputInitializer::getImageBufferType() const");
-    const image::eColorGeometryType target = getNode(*transform)->getTargetGeometry();
+    const image::eColorGeometryType target = color::getTransformNode(*transform)->getTargetGeometry();
     const boost::shared_ptr<const image::BaseImage> input = getInputImage();
     if (isRgbOrRgba(input->getColorGeometryType()) && isRgbOrRgba(target))
     {
@@ -70,7 +60,7 @@ image::ColorGeometry TargetColorSpaceOutputInitializer::getColorGeometry() const
 {
     const auto transform =
         getTransform("virtual kovis::image::ColorGeometry TargetColorSpaceOutputInitializer::getColorGeometry() const");
-    const boost::shared_ptr<const attr::ColorConversionTransform> node = getNode(*transform);
+    const boost::shared_ptr<const attr::ColorConversionTransform> node = color::getTransformNode(*transform);
     const image::eColorGeometryType target = node->getTargetGeometry();
     const boost::shared_ptr<const image::BaseImage> input = getInputImage();
     image::ColorGeometry geometry;

@@ -5,6 +5,7 @@
 #include "KOVIS/KOVISUtil/ThrowMessage.h"
 #include "KOVISIPL/KOVISIPLColor/KOVISIPLColorLog.h"
 #include "KOVISIPL/KOVISIPLColor/RuleLogMessages.h"
+#include "KOVISIPL/KOVISIPLColor/getTransformNode.h"
 
 #include <boost/make_shared.hpp>
 #include <boost/weak_ptr.hpp>
@@ -37,16 +38,6 @@ boost::shared_ptr<const image::BaseImageYStripColor2d> getShape(const BaseYStrip
     return boost::static_pointer_cast<const image::BaseImageYStripColor2d>(shape);
 }
 
-boost::shared_ptr<const attr::ColorConversionTransform> getNode(const attr::InColorConversionTransform& attribute)
-{
-    boost::shared_ptr<const attr::ColorConversionTransform> node;
-    while (!(node = attribute.getStorage()))
-    {
-        (void)attribute.getDataItemNode();
-    }
-    return node;
-}
-
 const char* getTypeName(const BaseImageAttribute*)
 {
     return "const kovis::imaproc::BaseImageAttribute";
@@ -76,7 +67,7 @@ public:
         const auto outputShape = getShape(*output);
         const image::eColorGeometryType outGeometry = outputShape->getColorGeometryType();
         const auto outSizeC = static_cast<unsigned int>(outputShape->getSizeC());
-        const auto node = getNode(*getColorConversionTransformAttribute());
+        const auto node = getTransformNode(*getColorConversionTransformAttribute());
         const image::eColorGeometryType target = node->getTargetGeometry();
         if (target != outGeometry)
         {
@@ -107,7 +98,7 @@ public:
         const auto transform = getColorConversionTransformAttribute();
         const auto inputShape = getShape(*input);
         const auto outputShape = getShape(*output);
-        const auto node = getNode(*transform);
+        const auto node = getTransformNode(*transform);
         LogMessageFormater formater(getKOVISIPLColorLogMessageManager());
         formater << createRuleEvaluatedStartString(indentation);
         // strips too are told with the words for images
