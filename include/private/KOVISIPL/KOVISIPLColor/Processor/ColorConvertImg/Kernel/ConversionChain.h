@@ -15,6 +15,12 @@ using ConversionStep = boost::tuple<image::eColorGeometryType, unsigned int, ima
 /// The spaces from source to target, both included: two to four entries. Those between are XYZ or RGB, three float channels.
 using ConversionChain = std::vector<ConversionStep>;
 
+/// Whether a conversion is a plain copy, without a chain.
+inline bool isCopied(const image::eColorGeometryType& from, const image::eColorGeometryType& to)
+{
+    return from == to && from != image::eCGT_User;
+}
+
 /// The chain between two spaces that differ, or between two user spaces. Lab and Luv are reached through XYZ alone, HLS and HSV
 /// through RGB alone; all others are joined directly.
 ConversionChain buildConversionChain(const ConversionStep& input, const ConversionStep& output);

@@ -46,7 +46,7 @@ template <class Tin, class Tout, eInstructionSet::domain ISA1, eInstructionSet::
 void convertPlanes(const ConversionStep& input, const ConversionStep& output, const std::vector<float>& matrix,
                    unsigned long count, const Tin** in, Tout** out)
 {
-    if (input.get<0>() == output.get<0>() && input.get<0>() != image::eCGT_User)
+    if (isCopied(input.get<0>(), output.get<0>()))
     {
         kernel::copyConvert<typename simd::FormOf<ISA1, ISA2>::Register, Tin, Tout>(input.get<1>(), count, in, out);
         return;
