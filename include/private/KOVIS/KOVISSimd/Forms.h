@@ -26,6 +26,10 @@ namespace fma3_avx2
 {
 struct Register;
 }
+namespace avx512
+{
+struct Register;
+}
 
 /// The register type of the form that a kernel table names by two instruction sets.
 template <eInstructionSet::domain ISA1, eInstructionSet::domain ISA2>
@@ -55,5 +59,10 @@ template <>
 struct FormOf<eInstructionSet::eIS_FMA3, eInstructionSet::eIS_AVX2>
 {
     using Register = fma3_avx2::Register;
+};
+template <>
+struct FormOf<eInstructionSet::eIS_AVX512, eInstructionSet::eIS_AVX512>
+{
+    using Register = avx512::Register;
 };
 } // namespace kovis::simd
