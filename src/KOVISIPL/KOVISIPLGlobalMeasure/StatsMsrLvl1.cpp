@@ -1,8 +1,6 @@
 #include "KOVISIPL/KOVISIPLGlobalMeasure/StatsMsrLvl1.h"
 
-#include "KOVIS/KOVISBaseProcessing/BaseProcessorDispatcher.h"
-#include "KOVIS/KOVISBaseProcessing/NoSplit.h"
-#include "KOVIS/KOVISImageProcessing/ImageSplit.h"
+#include "KOVIS/KOVISImageProcessing/DispatchStep.h"
 #include "KOVISIPL/KOVISIPLGlobalMeasure/MeasureProcessorTraits.h"
 #include "KOVISIPL/KOVISIPLGlobalMeasure/StatsMsrLvl2.h"
 
@@ -14,16 +12,7 @@ KOVIS_PROCESSOR_TRAITS(kovis::imaproc::glbmsr, StatsMsrLvl1, BaseAsync1Processor
 
 namespace kovis::imaproc::glbmsr
 {
-namespace
-{
-processor::ProcessorDispatchPolicy& getStatsMsrLvl1StaticDispatchPolicy()
-{
-    static processor::ProcessorDispatchPolicy g_dispatchPolicy;
-    return g_dispatchPolicy;
-}
-} // namespace
-
-KOVIS_DEFINE_PROCESSOR(StatsMsrLvl1, getStatsMsrLvl1StaticDispatchPolicy);
+KOVIS_DEFINE_PROCESSOR(StatsMsrLvl1);
 
 template <class TAttribute>
 void StatsMsrLvl1::set(const typename TAttribute::StorageType& value)
@@ -41,40 +30,18 @@ StatsMsrLvl1::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute
                           processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
                           const processor::eProcessorRulePolicy& rulePolicy)
 {
-    attributes.clear();
-    processor::makeAttribute(m_inImg, attributes);
-    processor::makeAttribute(m_outStatsResult, attributes);
+    processor::makeAttributes(attributes, m_inImg, m_outStatsResult);
     outputInitializers.clear();
-    dispatchPolicy = getDefaultDispatchPolicy();
-    rule.reset();
-    if (rulePolicy != processor::ePRP_NoRules)
-    {
-        rule = processor::none();
-    }
-    return BoolResult(true);
+    return processor::finishInit<StatsMsrLvl1>(dispatchPolicy, rule, rulePolicy, [] { return processor::none(); });
 }
 
 processor::RetrievalResult StatsMsrLvl1::retrieveProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider)
 {
-    const auto dispatcher = boost::make_shared<processor::StaticProcessorDispatcher<StatsMsrLvl2>>();
     m_accumulation = boost::make_shared<StatsAccumulation>();
-
-    const auto imageSplit = boost::make_shared<SubImageSplit<StatsMsrLvl2, attr::InSubColorImg2d>>();
-    BoolResult result = imageSplit->initBase(eSIST_Slices, eVPT_Slices, eCPT_AllChannels, eTPT_Steps, m_inImg->getStorage());
-    if (!result)
-    {
-        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
-    }
-    const auto accumulationSplit = processor::staticNoSplit<StatsMsrLvl2, OutStatsAccumulation>(m_accumulation);
-
-    const std::vector<boost::shared_ptr<processor::BaseStaticSplit>> splits{imageSplit, accumulationSplit};
-    result = dispatcher->initBase(priority, splits);
-    if (!result)
-    {
-        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
-    }
-    provider = dispatcher;
-    return processor::eRS_Provided;
+    SubImageStep<StatsMsrLvl2> step;
+    step.addValue<OutStatsAccumulation>(m_accumulation);
+    step.addSlices<attr::InSubColorImg2d>(m_inImg->getStorage());
+    return step.provide(priority, provider);
 }
 
 BoolResult StatsMsrLvl1::postProcess()

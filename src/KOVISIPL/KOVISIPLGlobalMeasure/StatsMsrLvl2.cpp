@@ -1,8 +1,6 @@
 #include "KOVISIPL/KOVISIPLGlobalMeasure/StatsMsrLvl2.h"
 
-#include "KOVIS/KOVISBaseProcessing/BaseProcessorDispatcher.h"
-#include "KOVIS/KOVISBaseProcessing/NoSplit.h"
-#include "KOVIS/KOVISImageProcessing/ImageSplit.h"
+#include "KOVIS/KOVISImageProcessing/DispatchStep.h"
 #include "KOVISIPL/KOVISIPLGlobalMeasure/MeasureProcessorTraits.h"
 #include "KOVISIPL/KOVISIPLGlobalMeasure/StatsMsrLvl3.h"
 
@@ -11,16 +9,7 @@ KOVIS_PROCESSOR_TRAITS(kovis::imaproc::glbmsr, StatsMsrLvl2, BaseAsync1Processor
 
 namespace kovis::imaproc::glbmsr
 {
-namespace
-{
-processor::ProcessorDispatchPolicy& getStatsMsrLvl2StaticDispatchPolicy()
-{
-    static processor::ProcessorDispatchPolicy g_dispatchPolicy;
-    return g_dispatchPolicy;
-}
-} // namespace
-
-KOVIS_DEFINE_PROCESSOR(StatsMsrLvl2, getStatsMsrLvl2StaticDispatchPolicy);
+KOVIS_DEFINE_PROCESSOR(StatsMsrLvl2);
 
 template <class TAttribute>
 void StatsMsrLvl2::set(const typename TAttribute::StorageType& value)
@@ -38,41 +27,17 @@ StatsMsrLvl2::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute
                           processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
                           const processor::eProcessorRulePolicy& rulePolicy)
 {
-    attributes.clear();
-    processor::makeAttribute(m_inSubColorImg2d, attributes);
-    processor::makeAttribute(m_outStatsAccumulation, attributes);
+    processor::makeAttributes(attributes, m_inSubColorImg2d, m_outStatsAccumulation);
     outputInitializers.clear();
-    dispatchPolicy = getDefaultDispatchPolicy();
-    rule.reset();
-    if (rulePolicy != processor::ePRP_NoRules)
-    {
-        rule = processor::none();
-    }
-    return BoolResult(true);
+    return processor::finishInit<StatsMsrLvl2>(dispatchPolicy, rule, rulePolicy, [] { return processor::none(); });
 }
 
 processor::RetrievalResult StatsMsrLvl2::retrieveProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider)
 {
-    const auto dispatcher = boost::make_shared<processor::DynamicProcessorDispatcher<StatsMsrLvl3>>();
-
-    const auto imageSplit =
-        boost::make_shared<ImageYStripColor2dSplit<StatsMsrLvl3, const image::BaseImage, attr::InColorYStrip2d>>();
-    BoolResult result = imageSplit->initBase(m_inSubColorImg2d->getStorage(), eSAT_InImage, eSPD_TopToBottom, false);
-    if (!result)
-    {
-        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
-    }
-    const auto accumulationSplit =
-        processor::dynamicNoSplit<StatsMsrLvl3, OutStatsAccumulation>(m_outStatsAccumulation->getStorage());
-
-    const std::vector<boost::shared_ptr<processor::BaseDynamicSplit>> splits{imageSplit, accumulationSplit};
-    result = dispatcher->initBase(priority, splits);
-    if (!result)
-    {
-        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
-    }
-    provider = dispatcher;
-    return processor::eRS_Provided;
+    StripStep<StatsMsrLvl3> step;
+    step.addValue<OutStatsAccumulation>(m_outStatsAccumulation->getStorage());
+    step.addColorStrips<attr::InColorYStrip2d>(m_inSubColorImg2d->getStorage());
+    return step.provide(priority, provider);
 }
 } // namespace kovis::imaproc::glbmsr
 

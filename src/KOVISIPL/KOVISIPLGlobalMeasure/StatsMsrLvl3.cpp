@@ -1,8 +1,7 @@
 #include "KOVISIPL/KOVISIPLGlobalMeasure/StatsMsrLvl3.h"
 
-#include "KOVIS/KOVISImageProcessing/ImageBufferTypeIdentifier.h"
 #include "KOVIS/KOVISImageProcessing/KernelTable.h"
-#include "KOVIS/KOVISImageProcessing/StripParserInfo.h"
+#include "KOVIS/KOVISImageProcessing/StripAlgorithm.h"
 #include "KOVISIPL/KOVISIPLGlobalMeasure/MeasureProcessorTraits.h"
 #include "KOVISIPL/KOVISIPLGlobalMeasure/measureElements.h"
 
@@ -11,16 +10,7 @@ KOVIS_PROCESSOR_TRAITS(kovis::imaproc::glbmsr, StatsMsrLvl3, BaseProcessingAlgor
 
 namespace kovis::imaproc::glbmsr
 {
-namespace
-{
-processor::ProcessorDispatchPolicy& getStatsMsrLvl3StaticDispatchPolicy()
-{
-    static processor::ProcessorDispatchPolicy g_dispatchPolicy;
-    return g_dispatchPolicy;
-}
-} // namespace
-
-KOVIS_DEFINE_PROCESSOR(StatsMsrLvl3, getStatsMsrLvl3StaticDispatchPolicy);
+KOVIS_DEFINE_PROCESSOR(StatsMsrLvl3);
 KOVIS_DEFINE_ALGORITHM(StatsMsrLvl3);
 
 template <class TAttribute>
@@ -39,47 +29,25 @@ StatsMsrLvl3::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute
                           processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
                           const processor::eProcessorRulePolicy& rulePolicy)
 {
-    attributes.clear();
-    processor::makeAttribute(m_inColorYStrip2d, attributes);
-    processor::makeAttribute(m_outStatsAccumulation, attributes);
+    processor::makeAttributes(attributes, m_inColorYStrip2d, m_outStatsAccumulation);
     outputInitializers.clear();
-    dispatchPolicy = getDefaultDispatchPolicy();
-    rule.reset();
-    if (rulePolicy != processor::ePRP_NoRules)
-    {
-        rule = processor::none();
-    }
-    return BoolResult(true);
+    return processor::finishInit<StatsMsrLvl3>(dispatchPolicy, rule, rulePolicy, [] { return processor::none(); });
 }
 
 void StatsMsrLvl3::getDataTypeIdColl(processor::DataTypeIdentifierColl& types) const
 {
-    ImageBufferTypeIdentifier input;
-    input.init(m_inColorYStrip2d->getImageBufferType());
-    types.init(input);
+    types.init(getTypeIdentifier(*m_inColorYStrip2d));
 }
 
 void StatsMsrLvl3::initDataParserColl(std::vector<boost::shared_ptr<processor::BaseDataParser>>& parsers)
 {
     parsers.clear();
-    if (m_inColorYStrip2d)
-    {
-        using Attribute = BaseInputYStripColor2dAttribute;
-        m_inputParser = StripParserInfo<RawStripParserMode, Attribute, Attribute>::createParser(m_inColorYStrip2d);
-        parsers.push_back(m_inputParser);
-    }
+    addParser<BaseInputYStripColor2dAttribute>(m_inColorYStrip2d, m_inputParser, parsers);
 }
 
 void StatsMsrLvl3::clearDataParserColl()
 {
-    for (boost::shared_ptr<processor::BaseDataParser>* const parser : {&m_inputParser})
-    {
-        if (*parser)
-        {
-            (*parser)->clear();
-            parser->reset();
-        }
-    }
+    clearParsers({&m_inputParser});
 }
 
 template <class T>

@@ -1,9 +1,8 @@
 #include "KOVISIPL/KOVISIPLUtility/ConvertImgLvl1.h"
 
-#include "KOVIS/KOVISBaseProcessing/BaseProcessorDispatcher.h"
 #include "KOVIS/KOVISBaseProcessing/BaseRule.h"
+#include "KOVIS/KOVISImageProcessing/DispatchStep.h"
 #include "KOVIS/KOVISImageProcessing/ImageRule.h"
-#include "KOVIS/KOVISImageProcessing/ImageSplit.h"
 #include "KOVISIPL/KOVISIPLUtility/ConvertImgLvl2.h"
 #include "KOVISIPL/KOVISIPLUtility/UtilityProcessorTraits.h"
 
@@ -14,12 +13,6 @@ namespace kovis::imaproc::util
 {
 namespace
 {
-processor::ProcessorDispatchPolicy& getConvertImgLvl1StaticDispatchPolicy()
-{
-    static processor::ProcessorDispatchPolicy g_dispatchPolicy;
-    return g_dispatchPolicy;
-}
-
 /// That the image is of the buffer type that the attribute asks for.
 class RuleMatchConvertBufferType : public processor::BaseAttributeRule
 {
@@ -68,7 +61,7 @@ matchConvertBufferType(const boost::shared_ptr<const BaseImageAttribute>& image,
 }
 } // namespace
 
-KOVIS_DEFINE_PROCESSOR(ConvertImgLvl1, getConvertImgLvl1StaticDispatchPolicy);
+KOVIS_DEFINE_PROCESSOR(ConvertImgLvl1);
 
 template <class TAttribute>
 void ConvertImgLvl1::set(const typename TAttribute::StorageType& value)
@@ -88,46 +81,19 @@ ConvertImgLvl1::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribu
                             processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
                             const processor::eProcessorRulePolicy& rulePolicy)
 {
-    attributes.clear();
-    processor::makeAttribute(m_inImg, attributes);
-    processor::makeAttribute(m_inConvertImageBufferType, attributes);
-    processor::makeAttribute(m_outImg, attributes);
+    processor::makeAttributes(attributes, m_inImg, m_inConvertImageBufferType, m_outImg);
     outputInitializers.clear();
-    dispatchPolicy = getDefaultDispatchPolicy();
-    rule.reset();
-    if (rulePolicy != processor::ePRP_NoRules)
-    {
-        rule = matchSize(m_inImg, m_outImg) && matchConvertBufferType(m_outImg, m_inConvertImageBufferType);
-    }
-    return BoolResult(true);
+    return processor::finishInit<ConvertImgLvl1>(
+        dispatchPolicy, rule, rulePolicy,
+        [this] { return matchSize(m_inImg, m_outImg) && matchConvertBufferType(m_outImg, m_inConvertImageBufferType); });
 }
 
 processor::RetrievalResult ConvertImgLvl1::retrieveProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider)
 {
-    const auto dispatcher = boost::make_shared<processor::StaticProcessorDispatcher<ConvertImgLvl2>>();
-
-    const auto outputSplit = boost::make_shared<SubImageSplit<ConvertImgLvl2, attr::OutSubColorImg2d>>();
-    BoolResult result = outputSplit->initBase(eSIST_Slices, eVPT_Slices, eCPT_AllChannels, eTPT_Steps, m_outImg->getStorage());
-    if (!result)
-    {
-        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
-    }
-
-    const auto inputSplit = boost::make_shared<SubImageSplit<ConvertImgLvl2, attr::InSubColorImg2d>>();
-    result = inputSplit->initBase(eSIST_Slices, eVPT_Slices, eCPT_AllChannels, eTPT_Steps, m_inImg->getStorage());
-    if (!result)
-    {
-        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
-    }
-
-    const std::vector<boost::shared_ptr<processor::BaseStaticSplit>> splits{inputSplit, outputSplit};
-    result = dispatcher->initBase(priority, splits);
-    if (!result)
-    {
-        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
-    }
-    provider = dispatcher;
-    return processor::eRS_Provided;
+    SubImageStep<ConvertImgLvl2> step;
+    step.addSlices<attr::OutSubColorImg2d>(m_outImg->getStorage());
+    step.addSlices<attr::InSubColorImg2d>(m_inImg->getStorage());
+    return step.provide(priority, provider);
 }
 } // namespace kovis::imaproc::util
 

@@ -1,9 +1,8 @@
 #include "KOVISIPL/KOVISIPLUtility/ConvertImgLvl3.h"
 
-#include "KOVIS/KOVISImageProcessing/ImageBufferTypeIdentifier.h"
 #include "KOVIS/KOVISImageProcessing/ImageRule.h"
 #include "KOVIS/KOVISImageProcessing/KernelTable.h"
-#include "KOVIS/KOVISImageProcessing/StripParserInfo.h"
+#include "KOVIS/KOVISImageProcessing/StripAlgorithm.h"
 #include "KOVISIPL/KOVISIPLUtility/UtilityProcessorTraits.h"
 #include "KOVISIPL/KOVISIPLUtility/convertElements.h"
 
@@ -14,16 +13,7 @@ KOVIS_PROCESSOR_TRAITS(kovis::imaproc::util, ConvertImgLvl3, BaseProcessingAlgor
 
 namespace kovis::imaproc::util
 {
-namespace
-{
-processor::ProcessorDispatchPolicy& getConvertImgLvl3StaticDispatchPolicy()
-{
-    static processor::ProcessorDispatchPolicy g_dispatchPolicy;
-    return g_dispatchPolicy;
-}
-} // namespace
-
-KOVIS_DEFINE_PROCESSOR(ConvertImgLvl3, getConvertImgLvl3StaticDispatchPolicy);
+KOVIS_DEFINE_PROCESSOR(ConvertImgLvl3);
 KOVIS_DEFINE_ALGORITHM(ConvertImgLvl3);
 
 template <class TAttribute>
@@ -42,55 +32,27 @@ ConvertImgLvl3::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribu
                             processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
                             const processor::eProcessorRulePolicy& rulePolicy)
 {
-    attributes.clear();
-    processor::makeAttribute(m_inColorYStrip2d, attributes);
-    processor::makeAttribute(m_outColorYStrip2d, attributes);
+    processor::makeAttributes(attributes, m_inColorYStrip2d, m_outColorYStrip2d);
     outputInitializers.clear();
-    dispatchPolicy = getDefaultDispatchPolicy();
-    rule.reset();
-    if (rulePolicy != processor::ePRP_NoRules)
-    {
-        rule = matchPlanarSize(m_inColorYStrip2d, m_outColorYStrip2d);
-    }
-    return BoolResult(true);
+    return processor::finishInit<ConvertImgLvl3>(dispatchPolicy, rule, rulePolicy,
+                                                 [this] { return matchPlanarSize(m_inColorYStrip2d, m_outColorYStrip2d); });
 }
 
 void ConvertImgLvl3::getDataTypeIdColl(processor::DataTypeIdentifierColl& types) const
 {
-    ImageBufferTypeIdentifier input;
-    input.init(m_inColorYStrip2d->getImageBufferType());
-    ImageBufferTypeIdentifier output;
-    output.init(m_outColorYStrip2d->getImageBufferType());
-    types.init(input, output);
+    types.init(getTypeIdentifier(*m_inColorYStrip2d), getTypeIdentifier(*m_outColorYStrip2d));
 }
 
 void ConvertImgLvl3::initDataParserColl(std::vector<boost::shared_ptr<processor::BaseDataParser>>& parsers)
 {
     parsers.clear();
-    if (m_inColorYStrip2d)
-    {
-        using Attribute = BaseInputYStripColor2dAttribute;
-        m_inputParser = StripParserInfo<RawStripParserMode, Attribute, Attribute>::createParser(m_inColorYStrip2d);
-        parsers.push_back(m_inputParser);
-    }
-    if (m_outColorYStrip2d)
-    {
-        using Attribute = BaseOutputYStripColor2dAttribute;
-        m_outputParser = StripParserInfo<RawStripParserMode, Attribute, Attribute>::createParser(m_outColorYStrip2d);
-        parsers.push_back(m_outputParser);
-    }
+    addParser<BaseInputYStripColor2dAttribute>(m_inColorYStrip2d, m_inputParser, parsers);
+    addParser<BaseOutputYStripColor2dAttribute>(m_outColorYStrip2d, m_outputParser, parsers);
 }
 
 void ConvertImgLvl3::clearDataParserColl()
 {
-    for (boost::shared_ptr<processor::BaseDataParser>* const parser : {&m_inputParser, &m_outputParser})
-    {
-        if (*parser)
-        {
-            (*parser)->clear();
-            parser->reset();
-        }
-    }
+    clearParsers({&m_inputParser, &m_outputParser});
 }
 
 template <class Tin, class Tout>

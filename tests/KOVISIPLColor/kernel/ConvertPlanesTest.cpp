@@ -356,7 +356,7 @@ TYPED_TEST(ConvertPlanes, AnErrorIsLoggedOnceBeforeItIsThrown)
     PlaneSet<float> out(3, g_count);
     expectLogged([&] { convert<TypeParam>(eCGT_Rgb, eCGT_HLS, {}, in, out); }, "throwMissingKernels");
     expectLogged([&] { convert<TypeParam>(eCGT_Rgb, eCGT_User, std::vector<float>(11, 1.0F), in, out); }, "throwShortMatrix");
-    expectLogged([] { throwUnboundStrip(); }, "throwUnboundStrip");
+    expectLogged([] { details::throwUnboundStrip("ColorConvertImgLvl3"); }, "throwUnboundStrip");
 }
 
 TYPED_TEST(ConvertPlanes, EveryPairRunsOrNamesTheKernelsThatItLacks)

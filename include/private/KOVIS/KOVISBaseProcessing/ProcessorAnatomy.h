@@ -198,12 +198,27 @@ const boost::shared_ptr<TAttribute>& selectAttribute(const boost::shared_ptr<TAt
     return std::get<const boost::shared_ptr<TAttribute>&>(std::tie(attributes...));
 }
 
-/// Makes the attribute of a member, in place of an older one, and adds it to the collection.
-template <class TAttribute>
-void makeAttribute(boost::shared_ptr<TAttribute>& member, std::vector<boost::shared_ptr<BaseAttribute>>& attributes)
+/// Makes the attribute of each member, in place of an older one: they are the whole collection, in this order.
+template <class... TAttributes>
+void makeAttributes(std::vector<boost::shared_ptr<BaseAttribute>>& attributes, boost::shared_ptr<TAttributes>&... members)
 {
-    member = boost::make_shared<TAttribute>();
-    attributes.push_back(member);
+    attributes.clear();
+    ((members = boost::make_shared<TAttributes>(), attributes.push_back(members)), ...);
+}
+
+/// The end of every initDerived: the default policy of the class T, and the rule that makeRule gives, unless rules are not
+/// wanted.
+template <class T, class TMakeRule>
+BoolResult finishInit(ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<BaseRule>& rule,
+                      const eProcessorRulePolicy& rulePolicy, const TMakeRule& makeRule)
+{
+    dispatchPolicy = T::getDefaultDispatchPolicy();
+    rule.reset();
+    if (rulePolicy != ePRP_NoRules)
+    {
+        rule = makeRule();
+    }
+    return BoolResult(true);
 }
 } // namespace kovis::processor
 
@@ -225,9 +240,13 @@ void makeAttribute(boost::shared_ptr<TAttribute>& member, std::vector<boost::sha
             {KOVIS_INCLUDE_ROOT "/public", KOVIS_INCLUDE_ROOT "/partner", KOVIS_INCLUDE_ROOT "/private"}};                       \
     }
 
-/// Defines what KOVIS_DECLARE_PROCESSOR declares, inside the class's namespace. STATIC_POLICY is its
-/// get<class>StaticDispatchPolicy.
-#define KOVIS_DEFINE_PROCESSOR(CLASS, STATIC_POLICY)                                                                             \
+/// Defines what KOVIS_DECLARE_PROCESSOR declares, inside the class's namespace, and get<class>StaticDispatchPolicy.
+#define KOVIS_DEFINE_PROCESSOR(CLASS)                                                                                            \
+    static ::kovis::processor::ProcessorDispatchPolicy& get##CLASS##StaticDispatchPolicy()                                       \
+    {                                                                                                                            \
+        static ::kovis::processor::ProcessorDispatchPolicy g_dispatchPolicy;                                                     \
+        return g_dispatchPolicy;                                                                                                 \
+    }                                                                                                                            \
     CLASS::CLASS() = default;                                                                                                    \
     CLASS::~CLASS() = default;                                                                                                   \
     ::kovis::BaseDynamicObject* CLASS::createNewObject()                                                                         \
@@ -260,7 +279,7 @@ void makeAttribute(boost::shared_ptr<TAttribute>& member, std::vector<boost::sha
     }                                                                                                                            \
     const ::kovis::processor::ProcessorDispatchPolicy& CLASS::getDefaultDispatchPolicy()                                         \
     {                                                                                                                            \
-        return ::kovis::processor::ProcessorAnatomy<CLASS>::getDefaultDispatchPolicy(&STATIC_POLICY);                            \
+        return ::kovis::processor::ProcessorAnatomy<CLASS>::getDefaultDispatchPolicy(&get##CLASS##StaticDispatchPolicy);         \
     }                                                                                                                            \
     unsigned int CLASS::getVersion()                                                                                             \
     {                                                                                                                            \

@@ -1,9 +1,7 @@
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImg.h"
 
-#include "KOVIS/KOVISBaseProcessing/ProcessingMessages.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/entryFunction.h"
 #include "KOVISIPL/KOVISIPLColor/ProcessorLogMessages.h"
-
-#include <boost/make_shared.hpp>
 
 namespace kovis::imaproc::color
 {
@@ -24,93 +22,71 @@ Transform toTransform(const image::eColorGeometryType& target)
     return attr::createColorConversionTransform(target);
 }
 
-/// A processor that has its input and its conversion, a transform or the target of one. What a failed init leaves undone shows in
-/// the first set.
 template <class TConversion>
-boost::shared_ptr<ColorConvertImgLvl1> makeProcessor(const InputImage& image, const TConversion& conversion)
+boost::shared_ptr<ColorConvertImgLvl1> makeConversion(const InputImage& image, const TConversion& conversion)
 {
-    const auto processor = boost::make_shared<ColorConvertImgLvl1>();
-    processor->init(processor::ePRP_Rules);
-    processor->set<attr::InColorImg>(image);
-    processor->set<attr::InColorConversionTransform>(toTransform(conversion));
-    return processor;
+    return details::makeProcessor<ColorConvertImgLvl1, attr::InColorImg, attr::InColorConversionTransform>(
+        image, toTransform(conversion));
 }
 
 template <class TConversion>
-boost::shared_ptr<ColorConvertImgLvl1> makeProcessor(const InputImage& image, const TConversion& conversion,
-                                                     const OutputImage& result)
+boost::shared_ptr<ColorConvertImgLvl1> makeConversion(const InputImage& image, const TConversion& conversion,
+                                                      const OutputImage& result)
 {
-    const boost::shared_ptr<ColorConvertImgLvl1> processor = makeProcessor(image, conversion);
+    const boost::shared_ptr<ColorConvertImgLvl1> processor = makeConversion(image, conversion);
     processor->set<attr::OutColorImg>(result);
-    return processor;
-}
-
-OutputImage runToResult(const boost::shared_ptr<ColorConvertImgLvl1>& processor)
-{
-    processor::executeSyncRun(processor);
-    return processor->getStorage<attr::OutColorImg>();
-}
-
-boost::shared_ptr<ColorConvertImgLvl1> start(const boost::shared_ptr<ColorConvertImgLvl1>& processor)
-{
-    processor->run(core::eST_Asynchronous);
     return processor;
 }
 } // namespace
 
 OutputImage colorConvertImg(const InputImage& image, const image::eColorGeometryType& target)
 {
-    return runToResult(makeProcessor(image, target));
+    return details::runToResult<attr::OutColorImg>(makeConversion(image, target));
 }
 
 OutputImage colorConvertImg(const InputImage& image, const Transform& transform)
 {
-    return runToResult(makeProcessor(image, transform));
+    return details::runToResult<attr::OutColorImg>(makeConversion(image, transform));
 }
 
 void colorConvertImg(const InputImage& image, const image::eColorGeometryType& target, const OutputImage& result)
 {
-    processor::executeSyncRun(makeProcessor(image, target, result));
+    processor::executeSyncRun(makeConversion(image, target, result));
 }
 
 void colorConvertImg(const InputImage& image, const Transform& transform, const OutputImage& result)
 {
-    processor::executeSyncRun(makeProcessor(image, transform, result));
+    processor::executeSyncRun(makeConversion(image, transform, result));
 }
 
 boost::shared_ptr<ColorConvertImgLvl1> colorConvertImg_async(const InputImage& image, const image::eColorGeometryType& target)
 {
-    return start(makeProcessor(image, target));
+    return details::start(makeConversion(image, target));
 }
 
 boost::shared_ptr<ColorConvertImgLvl1> colorConvertImg_async(const InputImage& image, const Transform& transform)
 {
-    return start(makeProcessor(image, transform));
+    return details::start(makeConversion(image, transform));
 }
 
 boost::shared_ptr<ColorConvertImgLvl1> colorConvertImg_async(const InputImage& image, const image::eColorGeometryType& target,
                                                              const OutputImage& result)
 {
-    return start(makeProcessor(image, target, result));
+    return details::start(makeConversion(image, target, result));
 }
 
 boost::shared_ptr<ColorConvertImgLvl1> colorConvertImg_async(const InputImage& image, const Transform& transform,
                                                              const OutputImage& result)
 {
-    return start(makeProcessor(image, transform, result));
+    return details::start(makeConversion(image, transform, result));
 }
 
 OutputImage getAsyncProcessorOutput(boost::shared_ptr<ColorConvertImgLvl1> processor)
 {
-    if (!processor)
-    {
-        processor::throwProcessingMessage(processor::eProcessorMessage::ePM_NullProcessor,
-                                          SourcePlace{"boost::shared_ptr<kovis::image::BaseImage> "
-                                                      "kovis::imaproc::color::getAsyncProcessorOutput(boost::shared_ptr<kovis::"
-                                                      "imaproc::color::ColorConvertImgLvl1>)",
-                                                      "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImg",
-                                                      __LINE__});
-    }
-    return processor->getStorage<attr::OutColorImg>();
+    return details::getOutput<attr::OutColorImg>(
+        processor, SourcePlace{"boost::shared_ptr<kovis::image::BaseImage> "
+                               "kovis::imaproc::color::getAsyncProcessorOutput(boost::shared_ptr<kovis::imaproc::color::"
+                               "ColorConvertImgLvl1>)",
+                               "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImg", __LINE__});
 }
 } // namespace kovis::imaproc::color

@@ -1,9 +1,7 @@
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl1.h"
 
-#include "KOVIS/KOVISBaseProcessing/BaseProcessorDispatcher.h"
-#include "KOVIS/KOVISBaseProcessing/NoSplit.h"
+#include "KOVIS/KOVISImageProcessing/DispatchStep.h"
 #include "KOVIS/KOVISImageProcessing/ImageRule.h"
-#include "KOVIS/KOVISImageProcessing/ImageSplit.h"
 #include "KOVIS/KOVISImageProcessing/OutputInitializer.h"
 #include "KOVISIPL/KOVISIPLColor/OutputInitializer/ColorInitializerUtils.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl2.h"
@@ -17,16 +15,7 @@ KOVIS_PROCESSOR_TRAITS(kovis::imaproc::color, ColorConvertImgLvl1, BaseAsync3Pro
 
 namespace kovis::imaproc::color
 {
-namespace
-{
-processor::ProcessorDispatchPolicy& getColorConvertImgLvl1StaticDispatchPolicy()
-{
-    static processor::ProcessorDispatchPolicy g_dispatchPolicy;
-    return g_dispatchPolicy;
-}
-} // namespace
-
-KOVIS_DEFINE_PROCESSOR(ColorConvertImgLvl1, getColorConvertImgLvl1StaticDispatchPolicy);
+KOVIS_DEFINE_PROCESSOR(ColorConvertImgLvl1);
 
 template <class TAttribute>
 void ColorConvertImgLvl1::set(const typename TAttribute::StorageType& value)
@@ -55,24 +44,14 @@ ColorConvertImgLvl1::initDerived(std::vector<boost::shared_ptr<processor::BaseAt
                                  const processor::eProcessorRulePolicy& rulePolicy)
 {
     initAttributeColl(attributes, outputInitializers);
-    dispatchPolicy = getDefaultDispatchPolicy();
-    rule.reset();
-    if (rulePolicy != processor::ePRP_NoRules)
-    {
-        rule = createRule();
-    }
-    return BoolResult(true);
+    return processor::finishInit<ColorConvertImgLvl1>(dispatchPolicy, rule, rulePolicy, [this] { return createRule(); });
 }
 
 void ColorConvertImgLvl1::initAttributeColl(
     std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
     std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers)
 {
-    attributes.clear();
-    processor::makeAttribute(m_inColorImg, attributes);
-    processor::makeAttribute(m_inColorConversionTransform, attributes);
-    processor::makeAttribute(m_outOptWk1RealImg, attributes);
-    processor::makeAttribute(m_outColorImg, attributes);
+    processor::makeAttributes(attributes, m_inColorImg, m_inColorConversionTransform, m_outOptWk1RealImg, m_outColorImg);
 
     outputInitializers.clear();
     outputInitializers[m_outColorImg->getObjectName()] =
@@ -192,32 +171,12 @@ processor::RetrievalResult ColorConvertImgLvl1::convert(const core::BasePriority
 
 processor::RetrievalResult ColorConvertImgLvl1::callLvl2(const core::BasePriority& priority, core::ActionProviderPtr& provider)
 {
-    const auto dispatcher = boost::make_shared<processor::StaticProcessorDispatcher<ColorConvertImgLvl2>>();
-
-    const auto outputSplit = boost::make_shared<SubImageSplit<ColorConvertImgLvl2, attr::OutSubColorImg2d>>();
-    BoolResult result =
-        outputSplit->initBase(eSIST_Slices, eVPT_Slices, eCPT_AllChannels, eTPT_Steps, m_outColorImg->getStorage());
-    if (!result)
-    {
-        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
-    }
-    const auto transformSplit = processor::staticNoSplit<ColorConvertImgLvl2, attr::InColorConversionTransform>(
+    SubImageStep<ColorConvertImgLvl2> step;
+    step.addSlices<attr::OutSubColorImg2d>(m_outColorImg->getStorage());
+    step.addValue<attr::InColorConversionTransform>(
         boost::static_pointer_cast<const attr::ColorConversionTransform>(m_inColorConversionTransform->accessDataItemNodePtr()));
-    const auto inputSplit = boost::make_shared<SubImageSplit<ColorConvertImgLvl2, attr::InSubColorImg2d>>();
-    result = inputSplit->initBase(eSIST_Slices, eVPT_Slices, eCPT_AllChannels, eTPT_Steps, m_currentSource);
-    if (!result)
-    {
-        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
-    }
-
-    const std::vector<boost::shared_ptr<processor::BaseStaticSplit>> splits{inputSplit, transformSplit, outputSplit};
-    result = dispatcher->initBase(priority, splits);
-    if (!result)
-    {
-        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
-    }
-    provider = dispatcher;
-    return processor::eRS_Provided;
+    step.addSlices<attr::InSubColorImg2d>(m_currentSource);
+    return step.provide(priority, provider);
 }
 
 processor::RetrievalResult ColorConvertImgLvl1::provideProcessor(const boost::shared_ptr<core::BaseAction>& action,

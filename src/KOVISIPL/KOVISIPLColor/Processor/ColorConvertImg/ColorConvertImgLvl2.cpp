@@ -1,9 +1,7 @@
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl2.h"
 
-#include "KOVIS/KOVISBaseProcessing/BaseProcessorDispatcher.h"
-#include "KOVIS/KOVISBaseProcessing/NoSplit.h"
+#include "KOVIS/KOVISImageProcessing/DispatchStep.h"
 #include "KOVIS/KOVISImageProcessing/ImageRule.h"
-#include "KOVIS/KOVISImageProcessing/ImageSplit.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorProcessorTraits.h"
 #include "KOVISIPL/KOVISIPLColor/Rule/ColorRuleUtils.h"
@@ -13,16 +11,7 @@ KOVIS_PROCESSOR_TRAITS(kovis::imaproc::color, ColorConvertImgLvl2, BaseAsync1Pro
 
 namespace kovis::imaproc::color
 {
-namespace
-{
-processor::ProcessorDispatchPolicy& getColorConvertImgLvl2StaticDispatchPolicy()
-{
-    static processor::ProcessorDispatchPolicy g_dispatchPolicy;
-    return g_dispatchPolicy;
-}
-} // namespace
-
-KOVIS_DEFINE_PROCESSOR(ColorConvertImgLvl2, getColorConvertImgLvl2StaticDispatchPolicy);
+KOVIS_DEFINE_PROCESSOR(ColorConvertImgLvl2);
 
 template <class TAttribute>
 void ColorConvertImgLvl2::set(const typename TAttribute::StorageType& value)
@@ -43,51 +32,26 @@ ColorConvertImgLvl2::initDerived(std::vector<boost::shared_ptr<processor::BaseAt
                                  processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
                                  const processor::eProcessorRulePolicy& rulePolicy)
 {
-    attributes.clear();
-    processor::makeAttribute(m_inSubColorImg2d, attributes);
-    processor::makeAttribute(m_inColorConversionTransform, attributes);
-    processor::makeAttribute(m_outSubColorImg2d, attributes);
+    processor::makeAttributes(attributes, m_inSubColorImg2d, m_inColorConversionTransform, m_outSubColorImg2d);
     outputInitializers.clear(); // the output is a part of an image that level 1 has made
-    dispatchPolicy = getDefaultDispatchPolicy();
-    rule.reset();
-    if (rulePolicy != processor::ePRP_NoRules)
-    {
-        rule = match2dSize(m_inSubColorImg2d, m_outSubColorImg2d) &&
-               matchColorSpace(m_inSubColorImg2d, m_outSubColorImg2d, m_inColorConversionTransform);
-    }
-    return BoolResult(true);
+    return processor::finishInit<ColorConvertImgLvl2>(dispatchPolicy, rule, rulePolicy,
+                                                      [this]
+                                                      {
+                                                          return match2dSize(m_inSubColorImg2d, m_outSubColorImg2d) &&
+                                                                 matchColorSpace(m_inSubColorImg2d, m_outSubColorImg2d,
+                                                                                 m_inColorConversionTransform);
+                                                      });
 }
 
 processor::RetrievalResult ColorConvertImgLvl2::retrieveProvider(const core::BasePriority& priority,
                                                                  core::ActionProviderPtr& provider)
 {
-    const auto dispatcher = boost::make_shared<processor::DynamicProcessorDispatcher<ColorConvertImgLvl3>>();
-
-    const auto outputSplit =
-        boost::make_shared<ImageYStripColor2dSplit<ColorConvertImgLvl3, image::BaseImage, attr::OutColorYStrip2d>>();
-    BoolResult result = outputSplit->initBase(m_outSubColorImg2d->getStorage(), eSAT_InImage, eSPD_TopToBottom, false);
-    if (!result)
-    {
-        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
-    }
-    const auto transformSplit = processor::dynamicNoSplit<ColorConvertImgLvl3, attr::InColorConversionTransform>(
+    StripStep<ColorConvertImgLvl3> step;
+    step.addColorStrips<attr::OutColorYStrip2d>(m_outSubColorImg2d->getStorage());
+    step.addValue<attr::InColorConversionTransform>(
         boost::static_pointer_cast<const attr::ColorConversionTransform>(m_inColorConversionTransform->accessDataItemNodePtr()));
-    const auto inputSplit =
-        boost::make_shared<ImageYStripColor2dSplit<ColorConvertImgLvl3, const image::BaseImage, attr::InColorYStrip2d>>();
-    result = inputSplit->initBase(m_inSubColorImg2d->getStorage(), eSAT_InImage, eSPD_TopToBottom, false);
-    if (!result)
-    {
-        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
-    }
-
-    const std::vector<boost::shared_ptr<processor::BaseDynamicSplit>> splits{inputSplit, transformSplit, outputSplit};
-    result = dispatcher->initBase(priority, splits);
-    if (!result)
-    {
-        return processor::RetrievalResult(processor::eRS_Failed, result.getMessage());
-    }
-    provider = dispatcher;
-    return processor::eRS_Provided;
+    step.addColorStrips<attr::InColorYStrip2d>(m_inSubColorImg2d->getStorage());
+    return step.provide(priority, provider);
 }
 } // namespace kovis::imaproc::color
 

@@ -1,8 +1,7 @@
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3.h"
 
-#include "KOVIS/KOVISImageProcessing/ImageBufferTypeIdentifier.h"
 #include "KOVIS/KOVISImageProcessing/ImageRule.h"
-#include "KOVIS/KOVISImageProcessing/StripParserInfo.h"
+#include "KOVIS/KOVISImageProcessing/StripAlgorithm.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3Rows.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorProcessorTraits.h"
 #include "KOVISIPL/KOVISIPLColor/Rule/ColorRuleUtils.h"
@@ -12,16 +11,7 @@ KOVIS_PROCESSOR_TRAITS(kovis::imaproc::color, ColorConvertImgLvl3, BaseProcessin
 
 namespace kovis::imaproc::color
 {
-namespace
-{
-processor::ProcessorDispatchPolicy& getColorConvertImgLvl3StaticDispatchPolicy()
-{
-    static processor::ProcessorDispatchPolicy g_dispatchPolicy;
-    return g_dispatchPolicy;
-}
-} // namespace
-
-KOVIS_DEFINE_PROCESSOR(ColorConvertImgLvl3, getColorConvertImgLvl3StaticDispatchPolicy);
+KOVIS_DEFINE_PROCESSOR(ColorConvertImgLvl3);
 KOVIS_DEFINE_ALGORITHM(ColorConvertImgLvl3);
 
 template <class TAttribute>
@@ -43,57 +33,32 @@ ColorConvertImgLvl3::initDerived(std::vector<boost::shared_ptr<processor::BaseAt
                                  processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
                                  const processor::eProcessorRulePolicy& rulePolicy)
 {
-    attributes.clear();
-    processor::makeAttribute(m_inColorYStrip2d, attributes);
-    processor::makeAttribute(m_inColorConversionTransform, attributes);
-    processor::makeAttribute(m_outColorYStrip2d, attributes);
+    processor::makeAttributes(attributes, m_inColorYStrip2d, m_inColorConversionTransform, m_outColorYStrip2d);
     outputInitializers.clear();
-    dispatchPolicy = getDefaultDispatchPolicy();
-    rule.reset();
-    if (rulePolicy != processor::ePRP_NoRules)
-    {
-        rule = matchPlanarSize(m_inColorYStrip2d, m_outColorYStrip2d) &&
-               matchColorSpace(m_inColorYStrip2d, m_outColorYStrip2d, m_inColorConversionTransform);
-    }
-    return BoolResult(true);
+    return processor::finishInit<ColorConvertImgLvl3>(dispatchPolicy, rule, rulePolicy,
+                                                      [this]
+                                                      {
+                                                          return matchPlanarSize(m_inColorYStrip2d, m_outColorYStrip2d) &&
+                                                                 matchColorSpace(m_inColorYStrip2d, m_outColorYStrip2d,
+                                                                                 m_inColorConversionTransform);
+                                                      });
 }
 
 void ColorConvertImgLvl3::getDataTypeIdColl(processor::DataTypeIdentifierColl& types) const
 {
-    ImageBufferTypeIdentifier input;
-    input.init(m_inColorYStrip2d->getImageBufferType());
-    ImageBufferTypeIdentifier output;
-    output.init(m_outColorYStrip2d->getImageBufferType());
-    types.init(input, output);
+    types.init(getTypeIdentifier(*m_inColorYStrip2d), getTypeIdentifier(*m_outColorYStrip2d));
 }
 
 void ColorConvertImgLvl3::initDataParserColl(std::vector<boost::shared_ptr<processor::BaseDataParser>>& parsers)
 {
     parsers.clear();
-    if (m_inColorYStrip2d)
-    {
-        using Attribute = BaseInputYStripColor2dAttribute;
-        m_inputParser = StripParserInfo<RawStripParserMode, Attribute, Attribute>::createParser(m_inColorYStrip2d);
-        parsers.push_back(m_inputParser);
-    }
-    if (m_outColorYStrip2d)
-    {
-        using Attribute = BaseOutputYStripColor2dAttribute;
-        m_outputParser = StripParserInfo<RawStripParserMode, Attribute, Attribute>::createParser(m_outColorYStrip2d);
-        parsers.push_back(m_outputParser);
-    }
+    addParser<BaseInputYStripColor2dAttribute>(m_inColorYStrip2d, m_inputParser, parsers);
+    addParser<BaseOutputYStripColor2dAttribute>(m_outColorYStrip2d, m_outputParser, parsers);
 }
 
 void ColorConvertImgLvl3::clearDataParserColl()
 {
-    for (boost::shared_ptr<processor::BaseDataParser>* const parser : {&m_inputParser, &m_outputParser})
-    {
-        if (*parser)
-        {
-            (*parser)->clear();
-            parser->reset();
-        }
-    }
+    clearParsers({&m_inputParser, &m_outputParser});
 }
 
 namespace details

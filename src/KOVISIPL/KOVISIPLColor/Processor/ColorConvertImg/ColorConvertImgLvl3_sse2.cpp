@@ -1,5 +1,4 @@
-#include "KOVIS/KOVISBaseProcessing/ProcessorMutexes.h"
-#include "KOVIS/KOVISCore/isAvailable.h"
+#include "KOVIS/KOVISBaseProcessing/KernelVariant.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3Rows.h"
 
 // The initialiser runs on every processor: nothing here is compiled for the set; the kernels stand in units of their own.
@@ -23,16 +22,7 @@ namespace
 /// The owner of this unit's mutexes.
 struct Variant;
 
-bool enterVariant()
-{
-    processor::makeVariantMutexes<Variant>();
-    if (core::isAvailable(eInstructionSet::eIS_SSE2))
-    {
-        details::functionRegistration();
-    }
-    return true;
-}
-
-[[maybe_unused]] const bool g_bEntered = enterVariant();
+[[maybe_unused]] const bool g_bEntered =
+    processor::enterVariant<Variant, eInstructionSet::eIS_SSE2>(&details::functionRegistration);
 } // namespace
 } // namespace kovis::imaproc::color

@@ -29,10 +29,4 @@ void throwShortMatrix(std::size_t nbValues, unsigned int inSizeC, unsigned int o
                        ": one row per output channel, with a value per input channel and an offset",
                    "void kovis::imaproc::color::throwShortMatrix(std::size_t, unsigned int, unsigned int)", g_file, __LINE__);
 }
-
-void throwUnboundStrip()
-{
-    throwColorText("the strips of ColorConvertImgLvl3 must be bound to parsers of their element types before a kernel runs",
-                   "void kovis::imaproc::color::throwUnboundStrip()", g_file, __LINE__);
-}
 } // namespace kovis::imaproc::color

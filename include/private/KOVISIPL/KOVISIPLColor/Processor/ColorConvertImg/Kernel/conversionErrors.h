@@ -14,7 +14,4 @@ namespace kovis::imaproc::color
 
 /// Throws KOVISIPLColorException: the user matrix holds fewer values than its link reads.
 [[noreturn]] void throwShortMatrix(std::size_t nbValues, unsigned int inSizeC, unsigned int outSizeC);
-
-/// Throws KOVISIPLColorException: a level 3 kernel was called without the parsers of its strips.
-[[noreturn]] void throwUnboundStrip();
 } // namespace kovis::imaproc::color

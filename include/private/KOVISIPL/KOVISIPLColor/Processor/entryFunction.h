@@ -1,0 +1,52 @@
+#pragma once
+
+#include "KOVIS/KOVISBaseProcessing/BaseProcessor.h"
+#include "KOVIS/KOVISBaseProcessing/ProcessingMessages.h"
+#include "KOVIS/KOVISImage/BaseImage.h"
+
+#include <boost/make_shared.hpp>
+#include <boost/shared_ptr.hpp>
+
+// The steps of which every entry function consists.
+
+namespace kovis::imaproc::color::details
+{
+/// A level 1 processor whose attributes have got these values, in this order. What a failed init leaves undone shows in the first
+/// set.
+template <class TProcessor, class... TAttributes>
+boost::shared_ptr<TProcessor> makeProcessor(const typename TAttributes::StorageType&... values)
+{
+    const auto processor = boost::make_shared<TProcessor>();
+    processor->init(processor::ePRP_Rules);
+    (processor->template set<TAttributes>(values), ...);
+    return processor;
+}
+
+/// Runs to the end, and gives what the output TOutput holds then.
+template <class TOutput, class TProcessor>
+boost::shared_ptr<image::BaseImage> runToResult(const boost::shared_ptr<TProcessor>& processor)
+{
+    processor::executeSyncRun(processor);
+    return processor->template getStorage<TOutput>();
+}
+
+/// Starts a run in the background.
+template <class TProcessor>
+boost::shared_ptr<TProcessor> start(const boost::shared_ptr<TProcessor>& processor)
+{
+    processor->run(core::eST_Asynchronous);
+    return processor;
+}
+
+/// What the output TOutput of a processor holds now. Throws KOVISBaseProcessingException, from the place, if there is no
+/// processor.
+template <class TOutput, class TProcessor>
+boost::shared_ptr<image::BaseImage> getOutput(const boost::shared_ptr<TProcessor>& processor, const SourcePlace& place)
+{
+    if (!processor)
+    {
+        processor::throwProcessingMessage(processor::eProcessorMessage::ePM_NullProcessor, place);
+    }
+    return processor->template getStorage<TOutput>();
+}
+} // namespace kovis::imaproc::color::details
