@@ -20,6 +20,11 @@ bool canRun(const ModelForm& form)
     {
         return __builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("fma") != 0;
     }
+    if (&form == &g_avx512Form)
+    {
+        return __builtin_cpu_supports("avx512f") != 0 && __builtin_cpu_supports("avx512bw") != 0 &&
+               __builtin_cpu_supports("avx512dq") != 0 && __builtin_cpu_supports("avx512vl") != 0;
+    }
     return true;
 }
 

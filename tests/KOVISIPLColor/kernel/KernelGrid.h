@@ -48,6 +48,11 @@ struct FormTraits<simd::fma3_avx2::Register>
 {
     static constexpr const ModelForm& g_form = g_fma3Form;
 };
+template <>
+struct FormTraits<simd::avx512::Register>
+{
+    static constexpr const ModelForm& g_form = g_avx512Form;
+};
 
 template <class T>
 constexpr const char* typeName()

@@ -1,0 +1,13 @@
+#include "KOVIS/KOVISSimd/TargetRegion.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/Kernel/AppendKernels.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/PixelPairs.h"
+
+KOVIS_TARGET_BEGIN("avx512f,avx512bw,avx512dq,avx512vl")
+#include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/Kernel/Avx512AppendPacks.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/Kernel/appendConvert.h"
+
+namespace kovis::imaproc::color::kernel
+{
+KOVIS_FOR_EACH_PIXEL_PAIR(KOVIS_INSTANTIATE_APPEND_CONVERT, simd::avx512::Register)
+} // namespace kovis::imaproc::color::kernel
+KOVIS_TARGET_END
