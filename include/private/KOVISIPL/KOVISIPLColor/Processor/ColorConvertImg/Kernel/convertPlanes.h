@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/ConversionChain.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/conversionErrors.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/processConversion.h"
 
 #include <algorithm>
