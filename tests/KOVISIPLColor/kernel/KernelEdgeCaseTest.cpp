@@ -1,4 +1,4 @@
-#include "KOVISIPLColor/kernel/KernelGrid.h"
+#include "KOVISIPLColor/kernel/KernelEdgeCase.h"
 
 #include <algorithm>
 #include <array>
@@ -17,8 +17,6 @@ namespace kovis::test
 namespace
 {
 namespace kernel = imaproc::color::kernel;
-
-constexpr unsigned long g_room = 64;
 
 /// One sample through one coefficient and one offset.
 template <class Register, class Tin, class Tout>
@@ -52,26 +50,6 @@ Tout copyOf(Tin sample)
     return to[0];
 }
 
-template <class Tin, class Tout>
-std::array<Tout, 3> pixelOf(void (*convert)(unsigned long, const Tin**, Tout**), std::array<Tin, 3> pixel)
-{
-    std::vector<std::vector<Tin>> from;
-    std::vector<std::vector<Tout>> to(3, std::vector<Tout>(g_room));
-    const Tin* in[3];
-    Tout* out[3];
-    for (std::size_t c = 0; c < 3; ++c)
-    {
-        from.emplace_back(g_room, pixel[c]);
-    }
-    for (std::size_t c = 0; c < 3; ++c)
-    {
-        in[c] = from[c].data();
-        out[c] = to[c].data();
-    }
-    convert(32, in, out);
-    return {to[0][0], to[1][0], to[2][0]};
-}
-
 template <class Register, class Tin = float, class Tout = float>
 std::array<Tout, 3> toHSV(Tin r, Tin g, Tin b)
 {
@@ -84,44 +62,7 @@ std::array<Tout, 3> toRGB(Tin h, Tin s, Tin v)
     return pixelOf<Tin, Tout>(&kernel::fromHSVToRGBConvert<Register, Tin, Tout>, {h, s, v});
 }
 
-using Pixel = std::array<float, 3>;
-using Bytes = std::array<unsigned char, 3>;
 } // namespace
-
-/// A form's register type, which is incomplete here.
-template <class T>
-struct FormTag
-{
-    using Register = T;
-};
-
-template <class Tag>
-class KernelEdgeCase : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        const ModelForm& form = FormTraits<typename Tag::Register>::g_form;
-        if (!canRun(form))
-        {
-            GTEST_SKIP() << "this processor cannot run " << form.m_name;
-        }
-    }
-};
-
-struct FormNames
-{
-    template <class Tag>
-    static std::string GetName(int)
-    {
-        return FormTraits<typename Tag::Register>::g_form.m_name;
-    }
-};
-
-using AllForms = testing::Types<FormTag<simd::generic::Register>, FormTag<simd::sse2::Register>, FormTag<simd::avx::Register>,
-                                FormTag<simd::avx2::Register>, FormTag<simd::fma3_avx2::Register>>;
-using IntegerForms = testing::Types<FormTag<simd::generic::Register>, FormTag<simd::sse2::Register>,
-                                    FormTag<simd::avx2::Register>, FormTag<simd::fma3_avx2::Register>>;
 
 /// Float to float, which every form serves.
 template <class Tag>
