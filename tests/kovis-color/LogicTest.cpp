@@ -3,6 +3,7 @@
 #include "LibraryImage.h"
 #include "MatrixText.h"
 #include "Numbers.h"
+#include "Ranges.h"
 #include "ToolError.h"
 #include "kovis-color/TestFiles.h"
 
@@ -111,7 +112,7 @@ TEST(Numbers, theTruthAboutRangesAndSaturation)
               "H 0 to 360 degrees, S 0 to 1, V on the scale of the samples");
     EXPECT_EQ(describeSaturation(image::eCGT_Rgb, image::eCGT_HSV, ElementType::eF32), "");
     EXPECT_EQ(describeSaturation(image::eCGT_Rgb, image::eCGT_HSV, ElementType::eU8),
-              "u8 rounds to whole numbers and saturates at 0 and 255, hues beyond that are lost, S becomes a whole number");
+              "u8 rounds to whole numbers and saturates at 0 and 255, hues above 255 become 255, S becomes 0 or 1");
     EXPECT_EQ(describeSaturation(image::eCGT_Rgb, image::eCGT_YPbPr, ElementType::eU16),
               "u16 rounds to whole numbers and saturates at 0 and 65535, negative Pb and Pr become 0");
     EXPECT_NE(describeSaturation(image::eCGT_Grey, image::eCGT_Grey, ElementType::eI8).find("cuts fractions off"),

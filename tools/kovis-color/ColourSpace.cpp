@@ -115,6 +115,11 @@ std::size_t getSpaceChannels(image::eColorGeometryType space)
         std::count_if(entry.channels.begin(), entry.channels.end(), [](const char* name) { return name != nullptr; }));
 }
 
+bool hasHue(image::eColorGeometryType space)
+{
+    return space == image::eCGT_HLS || space == image::eCGT_HSV;
+}
+
 std::string getChannelName(image::eColorGeometryType space, std::size_t channel)
 {
     const SpaceEntry& entry = g_spaces[static_cast<std::size_t>(space)];

@@ -25,6 +25,9 @@ image::eColorGeometryType getDefaultSpace(std::size_t channels);
 /// Channels of a space; 0 for user, which has any.
 std::size_t getSpaceChannels(image::eColorGeometryType space);
 
+/// Whether the space's first channel is a hue in degrees.
+bool hasHue(image::eColorGeometryType space);
+
 /// A channel's short name, as "H"; its number from 0 for a user space.
 std::string getChannelName(image::eColorGeometryType space, std::size_t channel);
 

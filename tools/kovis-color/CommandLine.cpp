@@ -19,6 +19,7 @@ constexpr std::uint64_t g_maxMebibytes = std::uint64_t{1} << 40;
 constexpr const char* g_mainFooter = "Examples:\n"
                                      "  kovis-color convert photo.jpg -o hsv.tif --to hsv\n"
                                      "  kovis-color info hsv.tif\n"
+                                     "  kovis-color explain --from rgb --to lab\n"
                                      "  kovis-color kernels\n"
                                      "See kovis-color VERB --help for each verb. Exit codes: 0 good, 1 failed, 2 misused.";
 
@@ -26,7 +27,7 @@ constexpr const char* g_convertFooter =
     "Samples are taken as the numbers that they are: nothing is scaled, and where the sRGB curve is part of the way\n"
     "(rgb to xyz, lab or luv) they are read on the scale 0 to 255. The element type of the result is that of the input\n"
     "for ycbcr and between rgb and rgba, otherwise f32; a format that cannot hold it takes the nearest that it can.\n"
-    "Lab, luv and hls, and rgb to xyz, come with the next version and are refused until then.\n"
+    "kovis-color explain tells how a conversion is done and what its numbers mean.\n"
     "The output's extension tells its format: .tif, .tiff, .png, .jpg, .jpeg.\n\n"
     "Examples:\n"
     "  kovis-color convert photo.png -o hsv.tif --to hsv\n"
@@ -39,9 +40,19 @@ constexpr const char* g_infoFooter = "Examples:\n"
                                      "  kovis-color info photo.png\n"
                                      "  kovis-color info stack.tif --json";
 
+constexpr const char* g_explainFooter =
+    "The chain of spaces, the kernel, formula and matrix of each link, the numbers at both ends, what an integer result loses,\n"
+    "and the kernel that this machine runs.\n\n"
+    "Examples:\n"
+    "  kovis-color explain --from rgb --to lab\n"
+    "  kovis-color explain --from rgb --to hls --type u8\n"
+    "  kovis-color explain --from hsv --to luv --input-type f32 --json";
+
 constexpr const char* g_kernelsFooter = "Examples:\n"
                                         "  kovis-color kernels\n"
                                         "  KOVIS_MAX_INSTRUCTION_SET=sse2 kovis-color kernels --json";
+
+const std::string g_typeNames = "u8, i8, u16, i16, u32, i32, f32";
 
 std::string refuseEmpty(const std::string& value)
 {
@@ -62,9 +73,11 @@ private:
     CLI::App m_app{"Converts pictures between colour spaces.", "kovis-color"};
     CLI::App* m_convert = nullptr;
     CLI::App* m_info = nullptr;
+    CLI::App* m_explain = nullptr;
     CLI::App* m_kernels = nullptr;
     ConvertOptions m_convertOptions;
     InfoOptions m_infoOptions;
+    ExplainOptions m_explainOptions;
     bool m_bKernelsJson = false;
 };
 
@@ -93,8 +106,7 @@ CommandLine::CommandLine()
         ->add_option("--matrix", m_convertOptions.matrix,
                      "For user: rows of a factor per input channel and an offset; numbers, or a file that holds them")
         ->check(refuseEmpty);
-    m_convert->add_option("--type", m_convertOptions.type, "Element type of the result: u8, i8, u16, i16, u32, i32, f32")
-        ->check(refuseEmpty);
+    m_convert->add_option("--type", m_convertOptions.type, "Element type of the result: " + g_typeNames)->check(refuseEmpty);
     m_convert
         ->add_option("--isa", m_convertOptions.isa, "Instruction set to use: generic, sse2, avx (f32 to f32 only), avx2, fma3")
         ->check(refuseEmpty);
@@ -108,6 +120,20 @@ CommandLine::CommandLine()
     m_info->add_option("FILE", m_infoOptions.file, "The picture: TIFF, PNG or JPEG")->required();
     addMaxMemory(*m_info, m_infoOptions.maxMemory);
     m_info->add_flag("--json", m_infoOptions.bJson, "Answer as JSON");
+
+    m_explain = m_app.add_subcommand("explain", "Tell how a conversion is done and what its numbers mean");
+    m_explain->footer(g_explainFooter);
+    m_explain->add_option("--from", m_explainOptions.from, "Space of the input: " + getSpaceNames())->required();
+    m_explain->add_option("--to", m_explainOptions.to, "Space of the result")->required();
+    m_explain
+        ->add_option("--type", m_explainOptions.type,
+                     "Element type of the result: " + g_typeNames + " (the library's choice if not given)")
+        ->check(refuseEmpty);
+    m_explain
+        ->add_option("--input-type", m_explainOptions.inputType,
+                     "Element type of the input (if not given: u8 for grey, rgb, rgba and ycbcr, f32 for others)")
+        ->check(refuseEmpty);
+    m_explain->add_flag("--json", m_explainOptions.bJson, "Answer as JSON");
 
     m_kernels = m_app.add_subcommand("kernels", "Tell which kernels this machine can run");
     m_kernels->footer(g_kernelsFooter);
@@ -133,7 +159,7 @@ int CommandLine::run(int argc, const char* const* argv, std::ostream& out, std::
         const std::vector<CLI::App*> verbs = m_app.get_subcommands();
         if (verbs.empty() && argc > 1 && argv[1][0] != '-' && argv[1][0] != '\0')
         {
-            const char* const names[] = {"convert", "info", "kernels"};
+            const char* const names[] = {"convert", "info", "explain", "kernels"};
             throw ToolError("kovis-color", "there is no verb '" + std::string(argv[1]) + "'",
                             "did you mean '" + findNearest(argv[1], names, std::size(names)) + "'? See kovis-color --help",
                             eMisused);
@@ -146,6 +172,8 @@ int CommandLine::run(int argc, const char* const* argv, std::ostream& out, std::
         runConvert(m_convertOptions, out, err);
     else if (m_info->parsed())
         runInfo(m_infoOptions, out);
+    else if (m_explain->parsed())
+        runExplain(m_explainOptions, out);
     else
         runKernels(m_bKernelsJson, out);
     out.flush();

@@ -28,9 +28,20 @@ struct InfoOptions
     bool bJson = false;
 };
 
+/// What `kovis-color explain` was told.
+struct ExplainOptions
+{
+    std::string from;
+    std::string to;
+    std::string type;      ///< of the result; empty: what the library chooses
+    std::string inputType; ///< of the input; empty: what pictures usually have in its space
+    bool bJson = false;
+};
+
 /// The verbs. Answers go to `out`, warnings and notes to `err`; what fails is thrown.
 void runConvert(const ConvertOptions& options, std::ostream& out, std::ostream& err);
 void runInfo(const InfoOptions& options, std::ostream& out);
+void runExplain(const ExplainOptions& options, std::ostream& out);
 void runKernels(bool bJson, std::ostream& out);
 
 /// The whole program: reads the command line, runs the verb, tells errors in one line on `err`. Returns the exit code.

@@ -3,6 +3,7 @@
 #include "ColourSpace.h"
 #include "LibraryImage.h"
 #include "Numbers.h"
+#include "Ranges.h"
 #include "ToolError.h"
 
 #include "KOVIS/KOVISImage/ImageFactory.h"
@@ -132,8 +133,7 @@ void checkConversion(const std::string& subject, const Conversion& conversion, s
 
 bool isLeftEmptyByTheLibrary(const Conversion& conversion, ElementType inputType)
 {
-    return inputType == ElementType::eF32 && conversion.from == image::eCGT_Rgb &&
-           (conversion.to == image::eCGT_CieLab || conversion.to == image::eCGT_XYZ);
+    return inputType == ElementType::eF32 && WayOfNumbers(conversion.from, conversion.to).isRangeTested();
 }
 
 boost::shared_ptr<BaseImage> convertSlices(const boost::shared_ptr<Picture>& picture, const Conversion& conversion,

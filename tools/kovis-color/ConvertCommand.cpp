@@ -8,6 +8,7 @@
 #include "OutputFile.h"
 #include "PictureFile.h"
 #include "ProgressBar.h"
+#include "Ranges.h"
 #include "SpaceTag.h"
 #include "ToolError.h"
 
@@ -77,9 +78,8 @@ void ConvertRun::checkCommand()
     m_conversion.to = parseSpace("--to", m_options.to);
     if (!m_options.from.empty())
         m_conversion.from = parseSpace("--from", m_options.from);
-    if (!m_options.type.empty() && !parseElementName(m_options.type, m_resultType))
-        throw ToolError("--type", "there is no element type '" + m_options.type + "'", "take u8, i8, u16, i16, u32, i32 or f32",
-                        eMisused);
+    if (!m_options.type.empty())
+        m_resultType = parseType("--type", m_options.type);
     checkNotTheInput(m_options.output, m_options.input);
     if (!m_options.matrix.empty())
     {

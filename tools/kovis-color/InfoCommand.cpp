@@ -1,3 +1,4 @@
+#include "ChannelRange.h"
 #include "ColourSpace.h"
 #include "Commands.h"
 #include "PictureFile.h"
@@ -6,8 +7,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
-#include <cmath>
 #include <ostream>
 #include <vector>
 
@@ -15,60 +14,6 @@ namespace kovis::tool
 {
 namespace
 {
-/// The least and the greatest finite sample of a channel over all pages.
-struct ChannelRange
-{
-    double minimum = 0.0;
-    double maximum = 0.0;
-    std::size_t nbFinite = 0;
-    std::size_t nbOthers = 0; ///< NaN and infinities
-};
-
-template <class T>
-ChannelRange measure(const Picture& picture, std::size_t channel)
-{
-    ChannelRange range;
-    for (std::size_t page = 0; page < picture.shape.pages; ++page)
-    {
-        const T* plane = picture.getPlane<T>(page, channel);
-        for (std::size_t index = 0; index < picture.shape.getPlaneSamples(); ++index)
-        {
-            const auto sample = static_cast<double>(plane[index]);
-            if (!std::isfinite(sample))
-            {
-                ++range.nbOthers;
-                continue;
-            }
-            range.minimum = range.nbFinite == 0 ? sample : std::min(range.minimum, sample);
-            range.maximum = range.nbFinite == 0 ? sample : std::max(range.maximum, sample);
-            ++range.nbFinite;
-        }
-    }
-    return range;
-}
-
-ChannelRange measureChannel(const Picture& picture, std::size_t channel)
-{
-    switch (picture.shape.type)
-    {
-    case ElementType::eI8:
-        return measure<std::int8_t>(picture, channel);
-    case ElementType::eU8:
-        return measure<std::uint8_t>(picture, channel);
-    case ElementType::eI16:
-        return measure<std::int16_t>(picture, channel);
-    case ElementType::eU16:
-        return measure<std::uint16_t>(picture, channel);
-    case ElementType::eI32:
-        return measure<std::int32_t>(picture, channel);
-    case ElementType::eU32:
-        return measure<std::uint32_t>(picture, channel);
-    case ElementType::eF32:
-        break;
-    }
-    return measure<float>(picture, channel);
-}
-
 void printJson(const InfoOptions& options, const Picture& picture, image::eColorGeometryType space, std::ostream& out)
 {
     nlohmann::json answer;

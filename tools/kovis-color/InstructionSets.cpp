@@ -1,11 +1,14 @@
 #include "InstructionSets.h"
 
 #include "ColourSpace.h"
+#include "LibraryImage.h"
 #include "ToolError.h"
 
 #include "KOVIS/KOVISCore/isAvailable.h"
+#include "KOVIS/KOVISImageProcessing/ImageBufferTypeIdentifier.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace kovis::tool
@@ -55,6 +58,25 @@ void forceKernelForm(const std::string& name)
     throw ToolError("--isa", "there is no instruction set '" + name + "'",
                     "did you mean '" + findNearest(name, names.data(), names.size()) + "'? Take generic, sse2, avx, avx2 or fma3",
                     eMisused);
+}
+
+KernelRow findConversionKernel(ElementType inputType, ElementType resultType)
+{
+    imaproc::ImageBufferTypeIdentifier input;
+    input.init(toBufferType(inputType));
+    imaproc::ImageBufferTypeIdentifier result;
+    result.init(toBufferType(resultType));
+    processor::DataTypeIdentifierColl key;
+    key.init(input, result);
+    processor::AlgorithmFunctionIdentifier row;
+    const BoolResult found =
+        ColorConvertImgLvl3::retrieveFunctionSelector().select(key, ColorConvertImgLvl3::retrieveForcedInstructionSets(), row);
+    if (!found)
+        throw ToolError("kovis-color", found.getMessage(), "");
+    const processor::InstructionSetsIdentifier& sets = row.getInstructionSets();
+    const auto form = std::find_if(getKernelForms().begin(), getKernelForms().end(),
+                                   [&sets](const KernelForm& known) { return known.getSets() == sets; });
+    return {form == getKernelForms().end() ? std::string() : form->name, sets.getName()};
 }
 
 std::vector<std::pair<std::string, const processor::AlgorithmFunctionSelector*>> getKernelTables()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Picture.h"
+
 #include "KOVIS/KOVISBaseProcessing/AlgorithmFunctionSelector.h"
 
 #include <string>
@@ -25,6 +27,16 @@ const std::vector<KernelForm>& getKernelForms();
 
 /// Makes all conversions run that form. Throws ToolError for an unknown name (misused) and for a form that cannot run here.
 void forceKernelForm(const std::string& name);
+
+/// A row of the conversion's kernel table.
+struct KernelRow
+{
+    std::string form; ///< as --isa takes it
+    std::string sets; ///< the library's name of its instruction sets
+};
+
+/// The row that a conversion between images of these element types takes on this machine. Throws ToolError if there is none.
+KernelRow findConversionKernel(ElementType inputType, ElementType resultType);
 
 /// The kernel tables by the names of their classes.
 std::vector<std::pair<std::string, const processor::AlgorithmFunctionSelector*>> getKernelTables();

@@ -1,5 +1,7 @@
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/ConversionChain.h"
 
+#include "support/ConversionRoutes.h"
+
 #include <boost/tuple/tuple_comparison.hpp>
 #include <gtest/gtest.h>
 
@@ -15,22 +17,6 @@ namespace
 using namespace image;
 
 constexpr unsigned int g_channels[] = {1, 3, 4, 3, 3, 3, 3, 3, 3, 3, 5};
-
-// -: copy, no chain; d: direct; X, R: through XYZ, RGB; XR, RX: through both, in this order.
-// Columns: Grey, Rgb, Rgba, XYZ, YPbPr, YCbCr, CieLab, CieLuv, HLS, HSV, User.
-constexpr const char* g_routes[11][11] = {
-    {"-", "d", "d", "d", "d", "d", "X", "X", "R", "R", "d"},   // Grey
-    {"d", "-", "d", "d", "d", "d", "X", "X", "d", "d", "d"},   // Rgb
-    {"d", "d", "-", "d", "d", "d", "X", "X", "R", "R", "d"},   // Rgba
-    {"d", "d", "d", "-", "d", "d", "d", "d", "R", "R", "d"},   // XYZ
-    {"d", "d", "d", "d", "-", "d", "X", "X", "R", "R", "d"},   // YPbPr
-    {"d", "d", "d", "d", "d", "-", "X", "X", "R", "R", "d"},   // YCbCr
-    {"X", "X", "X", "d", "X", "X", "-", "X", "XR", "XR", "X"}, // CieLab
-    {"X", "X", "X", "d", "X", "X", "X", "-", "XR", "XR", "X"}, // CieLuv
-    {"R", "d", "R", "R", "R", "R", "RX", "RX", "-", "R", "R"}, // HLS
-    {"R", "d", "R", "R", "R", "R", "RX", "RX", "R", "-", "R"}, // HSV
-    {"d", "d", "d", "d", "d", "d", "X", "X", "R", "R", "d"},   // User
-};
 
 ConversionStep firstStep(int geometry)
 {
@@ -57,7 +43,7 @@ TEST(ConversionChain, EveryPairOfSpacesTakesItsRoute)
     {
         for (int to = 0; to < 11; ++to)
         {
-            const std::string route = g_routes[from][to];
+            const std::string route = test::g_conversionRoutes[from][to];
             if (route == "-")
             {
                 EXPECT_EQ(from, to);
