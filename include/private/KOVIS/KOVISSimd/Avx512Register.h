@@ -2,9 +2,6 @@
 
 // AVX512 (F, BW, DQ, VL): four registers of sixteen float lanes. Sums of products are fused.
 
-/// The target string of a unit of this form.
-#define KOVIS_TARGET_AVX512 "avx512f,avx512bw,avx512dq,avx512vl"
-
 namespace kovis::simd::avx512
 {
 struct Register

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "KOVISIPL/KOVISIPLColor/Processor/Kernel/roundHalfAway.h"
+
 // Included inside a target region, after a register header.
 
 namespace kovis::imaproc::color::kernel
@@ -10,17 +12,7 @@ struct StorePixels
 {
     static KOVIS_SIMD_INLINE void run(Tout* to, const typename Register::Block& block, const typename Register::Limits& limits)
     {
-        const typename Register::Float zero = Register::broadcast(0.0F);
-        const typename Register::Float half = Register::broadcast(0.5F);
-        const typename Register::Float minusHalf = Register::broadcast(-0.5F);
-        typename Register::Block rounded;
-        KOVIS_UNROLL
-        for (unsigned long k = 0; k < Register::s_nbRegisters; ++k)
-        {
-            const typename Register::Float x = block.m_register[k];
-            rounded.m_register[k] = Register::add(x, Register::select(Register::less(x, zero), minusHalf, half));
-        }
-        Register::storeTruncated(to, rounded, limits);
+        Register::storeTruncated(to, roundHalfAway<Register>(block), limits);
     }
 };
 
