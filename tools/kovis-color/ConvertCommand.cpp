@@ -9,6 +9,7 @@
 #include "PictureFile.h"
 #include "ProgressBar.h"
 #include "Ranges.h"
+#include "SampleNote.h"
 #include "SpaceTag.h"
 #include "ToolError.h"
 
@@ -128,6 +129,9 @@ void ConvertRun::chooseType(const PictureShape& shape)
 
 void ConvertRun::report(const Picture& picture, const PictureShape& result)
 {
+    const std::string note = noteOnSamples(picture, m_conversion.from, m_conversion.to);
+    if (!note.empty())
+        warn(m_options.input, "note: " + note);
     const std::string range = describeRange(m_conversion.from, m_conversion.to, result.type);
     const std::string saturation = describeSaturation(m_conversion.from, m_conversion.to, result.type);
     if (!m_options.bJson)
