@@ -8,6 +8,9 @@ namespace kovis::simd::avx2
 {
 struct Register : avx::Register
 {
+    static constexpr eInstructionSet::domain s_registerSet = eInstructionSet::eIS_AVX2;
+    static constexpr eInstructionSet::domain s_arithmeticSet = eInstructionSet::eIS_AVX2;
+
     /// The pixels of one block as 32-bit signed integers.
     struct IntBlock
     {
@@ -16,6 +19,51 @@ struct Register : avx::Register
 
     /// a where the mask is set, b elsewhere.
     static KOVIS_SIMD_INLINE Float select(Mask mask, Float a, Float b) { return _mm256_blendv_ps(b, a, mask); }
+
+    // The parts of the table power that are integer work or table access.
+
+    /// A positive float as m * 2^e, the mantissa in the range of the table search.
+    static KOVIS_SIMD_INLINE void splitMantissa(Float a, Float& m, Float& e)
+    {
+        const Int first = _mm256_set1_epi32(detail::g_powFirstMantissa);
+        const Int above = _mm256_sub_epi32(_mm256_castps_si256(a), first);
+        e = toFloat(_mm256_srai_epi32(above, 23));
+        m = _mm256_castsi256_ps(_mm256_add_epi32(_mm256_and_si256(above, _mm256_set1_epi32(0x007FFFFF)), first));
+    }
+
+    /// What the tables hold at the index i of a mantissa: A[i], B[i / 2], Ainv[i] and i / 16. The search goes by halves and gives
+    /// i / 2 - 1. Each table stands in one register, which a permutation reads several times faster than a gather.
+    static KOVIS_SIMD_INLINE void searchTables(Float m, Float& a, Float& b, Float& aInverse, Float& sixteenths)
+    {
+        const Mask bit2 = lessEqual(m, broadcast(detail::A[9]));
+        const Mask bit1 = lessEqual(m, select(bit2, broadcast(detail::A[13]), broadcast(detail::A[5])));
+        const Int bits21 = _mm256_or_si256(_mm256_and_si256(_mm256_castps_si256(bit2), _mm256_set1_epi32(2)),
+                                           _mm256_and_si256(_mm256_castps_si256(bit1), _mm256_set1_epi32(1)));
+        const Mask bit0 = lessEqual(m, lookUp4(detail::g_powThresholds, bits21));
+        const Int index = _mm256_sub_epi32(_mm256_add_epi32(bits21, bits21), _mm256_castps_si256(bit0));
+        a = lookUp8(detail::g_powA, index);
+        b = lookUp8(detail::g_powB, index);
+        aInverse = lookUp8(detail::g_powAInverse, index);
+        sixteenths = lookUp8(detail::g_powSixteenths, index);
+    }
+
+    /// Of 2^(k / 16), k a whole number: an entry of A, and the power of 2, its exponent limited to -126 to 127.
+    static KOVIS_SIMD_INLINE void splitSixteenths(Float k, Float& tablePart, Float& scale)
+    {
+        const Int ints = truncate(k);
+        // 16 * (j + 127), where j is the whole part of k / 16: upward for a negative k, one more than downward otherwise.
+        const Int raised = _mm256_add_epi32(_mm256_add_epi32(ints, _mm256_srai_epi32(ints, 31)), _mm256_set1_epi32(16 * 128));
+        const Int whole = _mm256_and_si256(raised, _mm256_set1_epi32(-16));
+        // 16 * 127 more than the entry's index, 0 to 16. The last entry is read as half of the first.
+        const Int index = _mm256_sub_epi32(whole, ints);
+        const Float entry =
+            select(_mm256_castsi256_ps(_mm256_slli_epi32(index, 28)), lookUp8(detail::A + 8, index), lookUp8(detail::A, index));
+        const Int isLast = _mm256_and_si256(index, _mm256_set1_epi32(16 * 128));
+        tablePart = _mm256_castsi256_ps(_mm256_sub_epi32(_mm256_castps_si256(entry), _mm256_slli_epi32(isLast, 12)));
+
+        const Int limited = _mm256_min_epi32(_mm256_max_epi32(whole, _mm256_set1_epi32(16)), _mm256_set1_epi32(16 * 254));
+        scale = _mm256_castsi256_ps(_mm256_slli_epi32(limited, 19));
+    }
 
     static KOVIS_SIMD_INLINE IntBlock loadInts(const unsigned char* from)
     {
@@ -146,6 +194,12 @@ protected:
     }
 
 private:
+    /// The entry of eight that the low three bits of each lane name.
+    static KOVIS_SIMD_INLINE Float lookUp8(const float* table, Int index)
+    {
+        return _mm256_permutevar8x32_ps(_mm256_loadu_ps(table), index);
+    }
+
     static KOVIS_SIMD_INLINE __m128i loadLow(const void* from) { return _mm_loadl_epi64(static_cast<const __m128i*>(from)); }
     static KOVIS_SIMD_INLINE __m128i loadHalf(const void* from) { return _mm_loadu_si128(static_cast<const __m128i*>(from)); }
 

@@ -8,6 +8,8 @@ namespace kovis::simd::fma3_avx2
 {
 struct Register : avx2::Register
 {
+    static constexpr eInstructionSet::domain s_arithmeticSet = eInstructionSet::eIS_FMA3;
+
     /// a * b + c
     static KOVIS_SIMD_INLINE Float mulAdd(Float a, Float b, Float c) { return _mm256_fmadd_ps(a, b, c); }
     /// a * b - c

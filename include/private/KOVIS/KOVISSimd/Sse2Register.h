@@ -1,5 +1,7 @@
 #pragma once
 
+#include "KOVIS/KOVISSimd/Lanes128.h"
+
 // SSE2: four registers of four lanes.
 
 namespace kovis::simd::sse2
@@ -9,6 +11,9 @@ struct Register
     using Float = __m128;
     using Mask = __m128;
     using Int = __m128i;
+
+    static constexpr eInstructionSet::domain s_registerSet = eInstructionSet::eIS_SSE2;
+    static constexpr eInstructionSet::domain s_arithmeticSet = eInstructionSet::eIS_SSE2;
 
     static constexpr unsigned long s_nbLanes = 4;
     static constexpr unsigned long s_nbRegisters = 4;
@@ -81,9 +86,75 @@ struct Register
         return _mm_add_ps(t, _mm_and_ps(_mm_cmplt_ps(q, t), _mm_set1_ps(-1.0F)));
     }
 
+    /// ceil by the same trick; for magnitudes below 2 to the power 22.
+    static KOVIS_SIMD_INLINE Float ceil(Float q)
+    {
+        const Float s = _mm_set1_ps(12582912.0F);
+        const Float t = _mm_sub_ps(_mm_add_ps(q, s), s);
+        return _mm_add_ps(t, _mm_and_ps(_mm_cmplt_ps(t, q), _mm_set1_ps(1.0F)));
+    }
+
     /// Toward zero; a lane out of range gives the least int.
     static KOVIS_SIMD_INLINE Int truncate(Float a) { return _mm_cvttps_epi32(a); }
     static KOVIS_SIMD_INLINE Float toFloat(Int a) { return _mm_cvtepi32_ps(a); }
+
+    static KOVIS_SIMD_INLINE Float bitAnd(Float a, Float b) { return _mm_and_ps(a, b); }
+    static KOVIS_SIMD_INLINE Float bitOr(Float a, Float b) { return _mm_or_ps(a, b); }
+    static KOVIS_SIMD_INLINE Float bitXor(Float a, Float b) { return _mm_xor_ps(a, b); }
+    /// a where the mask is set, 0 elsewhere.
+    static KOVIS_SIMD_INLINE Float keep(Mask mask, Float a) { return _mm_and_ps(mask, a); }
+
+    // The parts of the table power that are integer work or table access.
+
+    /// A positive float as m * 2^e, the mantissa in the range of the table search.
+    static KOVIS_SIMD_INLINE void splitMantissa(Float a, Float& m, Float& e)
+    {
+        Int mantissa;
+        Int exponent;
+        lanes128::splitMantissa(_mm_castps_si128(a), mantissa, exponent);
+        m = _mm_castsi128_ps(mantissa);
+        e = toFloat(exponent);
+    }
+
+    /// What the tables hold at the index i of a mantissa: A[i], B[i / 2], Ainv[i] and i / 16. As the thresholds descend, the
+    /// index is the number of those that the mantissa does not exceed. A row is read by one load, and the rows of four lanes are
+    /// transposed.
+    static KOVIS_SIMD_INLINE void searchTables(Float m, Float& a, Float& b, Float& aInverse, Float& sixteenths)
+    {
+        Int row = _mm_setzero_si128();
+        KOVIS_UNROLL
+        for (unsigned long i = 3; i < 16; i += 2)
+        {
+            row = _mm_sub_epi32(row, _mm_castps_si128(_mm_cmple_ps(m, _mm_set1_ps(detail::A[i]))));
+        }
+        const Float row0 = _mm_load_ps(&detail::g_powReductionRows[_mm_extract_epi16(row, 0)].m_a);
+        const Float row1 = _mm_load_ps(&detail::g_powReductionRows[_mm_extract_epi16(row, 2)].m_a);
+        const Float row2 = _mm_load_ps(&detail::g_powReductionRows[_mm_extract_epi16(row, 4)].m_a);
+        const Float row3 = _mm_load_ps(&detail::g_powReductionRows[_mm_extract_epi16(row, 6)].m_a);
+        const Float ab01 = _mm_unpacklo_ps(row0, row1);
+        const Float ab23 = _mm_unpacklo_ps(row2, row3);
+        const Float rest01 = _mm_unpackhi_ps(row0, row1);
+        const Float rest23 = _mm_unpackhi_ps(row2, row3);
+        a = _mm_movelh_ps(ab01, ab23);
+        b = _mm_movehl_ps(ab23, ab01);
+        aInverse = _mm_movelh_ps(rest01, rest23);
+        sixteenths = _mm_movehl_ps(rest23, rest01);
+    }
+
+    /// Of 2^(k / 16), k a whole number: an entry of A, and the power of 2, its exponent limited to -126 to 127.
+    static KOVIS_SIMD_INLINE void splitSixteenths(Float k, Float& tablePart, Float& scale)
+    {
+        const Int ints = truncate(k);
+        const Int whole = lanes128::wholePart(ints);
+        tablePart = lanes128::tablePart(whole, ints);
+        const Int least = _mm_set1_epi32(16);
+        const Int greatest = _mm_set1_epi32(16 * 254);
+        const Int tooLow = _mm_cmpgt_epi32(least, whole);
+        const Int tooHigh = _mm_cmpgt_epi32(whole, greatest);
+        const Int inside = _mm_andnot_si128(tooHigh, _mm_andnot_si128(tooLow, whole));
+        const Int limited = _mm_or_si128(inside, _mm_or_si128(_mm_and_si128(tooLow, least), _mm_and_si128(tooHigh, greatest)));
+        scale = _mm_castsi128_ps(_mm_slli_epi32(limited, 19));
+    }
 
     static KOVIS_SIMD_INLINE Int loadRaw(const void* from) { return _mm_loadu_si128(static_cast<const __m128i*>(from)); }
     static KOVIS_SIMD_INLINE void storeRaw(void* to, Int value) { _mm_storeu_si128(static_cast<__m128i*>(to), value); }

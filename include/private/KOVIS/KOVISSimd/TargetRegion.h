@@ -11,6 +11,8 @@
 //     ... explicit instantiations ...
 //     KOVIS_TARGET_END
 
+#include "KOVIS/KOVISSimd/Forms.h"
+#include "KOVIS/KOVISSimd/PowTables.h"
 #include "KOVIS/KOVISUtil/NumericLimits.h"
 
 #include <immintrin.h>

@@ -11,16 +11,6 @@ namespace
 constexpr const char* g_file = "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/conversionErrors";
 } // namespace
 
-void throwMissingKernels(const image::eColorGeometryType& from, const image::eColorGeometryType& to, const char* family)
-{
-    throwColorText(std::string("conversion from ") + image::getColorGeometryTypeName(from) + " to " +
-                       image::getColorGeometryTypeName(to) + " needs the " + family +
-                       " kernels, which this version does not have",
-                   "void kovis::imaproc::color::throwMissingKernels(const kovis::image::eColorGeometryType&, const "
-                   "kovis::image::eColorGeometryType&, const char*)",
-                   g_file, __LINE__);
-}
-
 void throwShortMatrix(std::size_t nbValues, unsigned int inSizeC, unsigned int outSizeC)
 {
     throwColorText("the conversion matrix holds " + std::to_string(nbValues) + " values, but " + std::to_string(inSizeC) +

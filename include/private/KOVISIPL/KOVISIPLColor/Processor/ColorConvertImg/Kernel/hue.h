@@ -1,5 +1,7 @@
 #pragma once
 
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/storePixels.h"
+
 // Included inside a target region, after a register header. What the spaces with a hue share.
 
 namespace kovis::imaproc::color::kernel
@@ -65,5 +67,83 @@ KOVIS_SIMD_INLINE void partsFromHue(typename Register::Float h, typename Registe
     r = Register::select(to1, chroma, Register::select(to2, x, Register::select(to4, zero, Register::select(to5, x, chroma))));
     g = Register::select(to1, x, Register::select(to3, chroma, Register::select(to4, x, zero)));
     b = Register::select(to2, zero, Register::select(to3, x, Register::select(to5, chroma, x)));
+}
+
+/// Planes R, G, B to a hue plane, one of brightness and one of saturation, which Space places and works out. All planes of a
+/// block are read before the first store.
+template <class Register, class Space, class Tin, class Tout>
+KOVIS_SIMD_INLINE void convertToHue(unsigned long count, const Tin** inPlanes, Tout** outPlanes)
+{
+    using Float = typename Register::Float;
+    using Block = typename Register::Block;
+    const typename Register::Limits limits = Register::template limits<Tout>();
+    for (unsigned long i = 0; i < count; i += Register::s_blockLength)
+    {
+        const Block red = Register::load(inPlanes[0] + i);
+        const Block green = Register::load(inPlanes[1] + i);
+        const Block blue = Register::load(inPlanes[2] + i);
+        Block hue;
+        Block brightness;
+        Block saturation;
+        KOVIS_UNROLL
+        for (unsigned long k = 0; k < Register::s_nbRegisters; ++k)
+        {
+            const Float r = red.m_register[k];
+            const Float g = green.m_register[k];
+            const Float b = blue.m_register[k];
+            const Float mx = Register::max(Register::max(r, g), b);
+            const Float mn = Register::min(Register::min(r, g), b);
+            const Float delta = Register::sub(mx, mn);
+            hue.m_register[k] = hueFromRGB<Register>(r, g, b, mx, delta);
+            Space::describe(mx, mn, delta, brightness.m_register[k], saturation.m_register[k]);
+        }
+        StorePixels<Register, Tout>::run(outPlanes[0] + i, hue, limits);
+        StorePixels<Register, Tout>::run(outPlanes[Space::s_brightnessPlane] + i, brightness, limits);
+        StorePixels<Register, Tout>::run(outPlanes[Space::s_saturationPlane] + i, saturation, limits);
+    }
+}
+
+/// delta over a divisor, and 0 where that is exactly 0.
+template <class Register>
+KOVIS_SIMD_INLINE typename Register::Float guardedRatio(typename Register::Float delta, typename Register::Float divisor)
+{
+    const typename Register::Float zero = Register::broadcast(0.0F);
+    const typename Register::Mask none = Register::equal(divisor, zero);
+    return Register::select(none, zero, Register::div(delta, Register::select(none, Register::broadcast(1.0F), divisor)));
+}
+
+/// A hue plane (degrees, any value), one of brightness and one of saturation to planes R, G, B in the units of the brightness.
+template <class Register, class Space, class Tin, class Tout>
+KOVIS_SIMD_INLINE void convertFromHue(unsigned long count, const Tin** inPlanes, Tout** outPlanes)
+{
+    using Float = typename Register::Float;
+    using Block = typename Register::Block;
+    const typename Register::Limits limits = Register::template limits<Tout>();
+    for (unsigned long i = 0; i < count; i += Register::s_blockLength)
+    {
+        const Block hue = Register::load(inPlanes[0] + i);
+        const Block brightness = Register::load(inPlanes[Space::s_brightnessPlane] + i);
+        const Block saturation = Register::load(inPlanes[Space::s_saturationPlane] + i);
+        Block red;
+        Block green;
+        Block blue;
+        KOVIS_UNROLL
+        for (unsigned long k = 0; k < Register::s_nbRegisters; ++k)
+        {
+            Float chroma;
+            Float m;
+            Space::chroma(brightness.m_register[k], saturation.m_register[k], chroma, m);
+            Float r;
+            Float g;
+            Float b;
+            partsFromHue<Register>(hue.m_register[k], chroma, r, g, b);
+            red.m_register[k] = Register::add(r, m);
+            green.m_register[k] = Register::add(g, m);
+            blue.m_register[k] = Register::add(b, m);
+        }
+        StorePixels<Register, Tout>::run(outPlanes[0] + i, red, limits);
+        StorePixels<Register, Tout>::run(outPlanes[1] + i, green, limits);
+        StorePixels<Register, Tout>::run(outPlanes[2] + i, blue, limits);
+    }
 }
 } // namespace kovis::imaproc::color::kernel

@@ -2,7 +2,6 @@
 
 #include "KOVIS/KOVISBaseImageTools/getLinearTransform.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/Kernels.h"
-#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/conversionErrors.h"
 
 #include <vector>
 
@@ -31,18 +30,29 @@ void processConversion(const image::eColorGeometryType& inGeom, unsigned int inS
 {
     using Register = typename simd::FormOf<ISA1, ISA2>::Register;
 
-    // The families that this version lacks refuse by name; each takes its branch here when it comes.
-    if (inGeom == image::eCGT_CieLab || outGeom == image::eCGT_CieLab)
+    if (inGeom == image::eCGT_CieLab)
     {
-        throwMissingKernels(inGeom, outGeom, "Lab");
+        kernel::fromLabToXYZConvert<Register, Tin, Tout>(count, in, out);
     }
-    else if (inGeom == image::eCGT_CieLuv || outGeom == image::eCGT_CieLuv)
+    else if (outGeom == image::eCGT_CieLab)
     {
-        throwMissingKernels(inGeom, outGeom, "Luv");
+        kernel::fromXYZToLabConvert<Register, Tin, Tout>(count, in, out);
     }
-    else if (inGeom == image::eCGT_HLS || outGeom == image::eCGT_HLS)
+    else if (inGeom == image::eCGT_CieLuv)
     {
-        throwMissingKernels(inGeom, outGeom, "HLS");
+        kernel::fromLuvToXYZConvert<Register, Tin, Tout>(count, in, out);
+    }
+    else if (outGeom == image::eCGT_CieLuv)
+    {
+        kernel::fromXYZToLuvConvert<Register, Tin, Tout>(count, in, out);
+    }
+    else if (inGeom == image::eCGT_HLS)
+    {
+        kernel::fromHLSToRGBConvert<Register, Tin, Tout>(count, in, out);
+    }
+    else if (outGeom == image::eCGT_HLS)
+    {
+        kernel::fromRGBToHLSConvert<Register, Tin, Tout>(count, in, out);
     }
     else if (inGeom == image::eCGT_HSV)
     {
@@ -58,7 +68,8 @@ void processConversion(const image::eColorGeometryType& inGeom, unsigned int inS
     }
     else if (inGeom == image::eCGT_Rgb && outGeom == image::eCGT_XYZ)
     {
-        throwMissingKernels(inGeom, outGeom, "sRGB");
+        const std::vector<float> fixed = fetchLinearTransform(inGeom, outGeom, inType, outType);
+        kernel::sRGBtoXYZConvert<Register, Tin, Tout>(inSizeC, outSizeC, fixed.data(), count, in, out);
     }
     else
     {

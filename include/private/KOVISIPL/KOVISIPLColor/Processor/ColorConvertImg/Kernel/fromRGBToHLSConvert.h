@@ -1,0 +1,18 @@
+#pragma once
+
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/HLS.h"
+
+// Included inside a target region, after a register header.
+
+namespace kovis::imaproc::color::kernel
+{
+/// Planes R, G, B to planes H, L, S. Works in whole blocks up to the block's end past count.
+template <class Register, class Tin, class Tout>
+void fromRGBToHLSConvert(unsigned long count, const Tin** inPlanes, Tout** outPlanes)
+{
+    convertToHue<Register, HLS<Register>>(count, inPlanes, outPlanes);
+}
+} // namespace kovis::imaproc::color::kernel
+
+#define KOVIS_INSTANTIATE_FROM_RGB_TO_HLS_CONVERT(REGISTER, TIN, TOUT)                                                           \
+    template void fromRGBToHLSConvert<REGISTER, TIN, TOUT>(unsigned long, const TIN**, TOUT**);

@@ -1,0 +1,12 @@
+#include "KOVIS/KOVISSimd/TargetRegion.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/PixelPairs.h"
+
+KOVIS_TARGET_BEGIN("avx2")
+#include "KOVIS/KOVISSimd/Avx2Register.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/fromHLSToRGBConvert.h"
+
+namespace kovis::imaproc::color::kernel
+{
+KOVIS_FOR_EACH_PIXEL_PAIR(KOVIS_INSTANTIATE_FROM_HLS_TO_RGB_CONVERT, simd::avx2::Register)
+} // namespace kovis::imaproc::color::kernel
+KOVIS_TARGET_END

@@ -1,0 +1,12 @@
+#include "KOVIS/KOVISSimd/TargetRegion.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/PixelPairs.h"
+
+KOVIS_TARGET_BEGIN("sse2")
+#include "KOVIS/KOVISSimd/Sse2Register.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/fromLabToXYZConvert.h"
+
+namespace kovis::imaproc::color::kernel
+{
+KOVIS_FOR_EACH_PIXEL_PAIR(KOVIS_INSTANTIATE_FROM_LAB_TO_XYZ_CONVERT, simd::sse2::Register)
+} // namespace kovis::imaproc::color::kernel
+KOVIS_TARGET_END

@@ -1,0 +1,10 @@
+#include "KOVIS/KOVISSimd/TargetRegion.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/PixelPairs.h"
+
+#include "KOVIS/KOVISSimd/GenericRegister.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/fromXYZToLabConvert.h"
+
+namespace kovis::imaproc::color::kernel
+{
+KOVIS_FOR_EACH_PIXEL_PAIR(KOVIS_INSTANTIATE_FROM_XYZ_TO_LAB_CONVERT, simd::generic::Register)
+} // namespace kovis::imaproc::color::kernel
