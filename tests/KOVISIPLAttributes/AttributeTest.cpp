@@ -2,13 +2,22 @@
 #include "KOVIS/KOVISImage/ImageFactory.h"
 #include "KOVISIPL/KOVISIPLAttributes/InColorConversionTransform.h"
 #include "KOVISIPL/KOVISIPLAttributes/InColorImg.h"
+#include "KOVISIPL/KOVISIPLAttributes/InColorYStrip2.h"
 #include "KOVISIPL/KOVISIPLAttributes/InColorYStrip2d.h"
+#include "KOVISIPL/KOVISIPLAttributes/InColorYStrip2d1.h"
 #include "KOVISIPL/KOVISIPLAttributes/InConvertImageBufferType.h"
 #include "KOVISIPL/KOVISIPLAttributes/InImg.h"
+#include "KOVISIPL/KOVISIPLAttributes/InImg1.h"
+#include "KOVISIPL/KOVISIPLAttributes/InImg2.h"
+#include "KOVISIPL/KOVISIPLAttributes/InLightnessType.h"
 #include "KOVISIPL/KOVISIPLAttributes/InSubColorImg2d.h"
+#include "KOVISIPL/KOVISIPLAttributes/InSubColorImg2d1.h"
+#include "KOVISIPL/KOVISIPLAttributes/InSubColorImg2d2.h"
 #include "KOVISIPL/KOVISIPLAttributes/OutColorImg.h"
 #include "KOVISIPL/KOVISIPLAttributes/OutColorYStrip2d.h"
 #include "KOVISIPL/KOVISIPLAttributes/OutImg.h"
+#include "KOVISIPL/KOVISIPLAttributes/OutLightImg.h"
+#include "KOVISIPL/KOVISIPLAttributes/OutLightYStrip2d.h"
 #include "KOVISIPL/KOVISIPLAttributes/OutOptWk1RealImg.h"
 #include "KOVISIPL/KOVISIPLAttributes/OutStatsResult.h"
 #include "KOVISIPL/KOVISIPLAttributes/OutSubColorImg2d.h"
@@ -50,9 +59,18 @@ TEST(Attributes, TellWhatTheyAre)
     expectIdentity<OutSubColorImg2d>("OutSubColorImg2d", true, true);
     expectIdentity<InColorYStrip2d>("InColorYStrip2d", false, true);
     expectIdentity<OutColorYStrip2d>("OutColorYStrip2d", true, true);
+    expectIdentity<InImg1>("InImg1", false, true);
+    expectIdentity<InImg2>("InImg2", false, true);
+    expectIdentity<InSubColorImg2d1>("InSubColorImg2d1", false, true);
+    expectIdentity<InSubColorImg2d2>("InSubColorImg2d2", false, true);
+    expectIdentity<InColorYStrip2d1>("InColorYStrip2d1", false, true);
+    expectIdentity<InColorYStrip2>("InColorYStrip2", false, true);
     expectIdentity<InColorConversionTransform>("InColorConversionTransform", false, true);
     expectIdentity<InConvertImageBufferType>("InConvertImageBufferType", false, true);
     expectIdentity<OutStatsResult>("OutStatsResult", true, true);
+    expectIdentity<InLightnessType>("InLightnessType", false, true);
+    expectIdentity<OutLightImg>("OutLightImg", true, true);
+    expectIdentity<OutLightYStrip2d>("OutLightYStrip2d", true, true);
     EXPECT_EQ(InColorImg().getAttributeType(), 2);
     EXPECT_EQ(InColorImg().getImageProcessingAttributeType(), 4);
 }
@@ -85,6 +103,23 @@ TEST(InConvertImageBufferType, IsUsableForABufferTypeOnly)
     }
     attribute.clear();
     EXPECT_FALSE(attribute.isInitialised());
+    EXPECT_EQ(attribute.getImageProcessingAttributeType(), 1);
+}
+
+TEST(InLightnessType, TakesEveryNumberAndBeginsAtTheAverage)
+{
+    InLightnessType attribute;
+    EXPECT_EQ(attribute.getValue(), eLT_Average);
+    for (const int type : {2, 1, 0, 7})
+    {
+        attribute.setValue(static_cast<eLightnessType>(type));
+        EXPECT_TRUE(attribute.isInitialised());
+        EXPECT_TRUE(attribute.isUsable());
+        EXPECT_EQ(attribute.getValue(), type);
+    }
+    attribute.clear();
+    EXPECT_FALSE(attribute.isInitialised());
+    EXPECT_EQ(attribute.getValue(), eLT_Average);
     EXPECT_EQ(attribute.getImageProcessingAttributeType(), 1);
 }
 

@@ -89,7 +89,7 @@ def main(color_list, baseline_list):
                 if form:
                     forms[form.group(1)] = forms.get(form.group(1), 0) + 1
     # Where no vector code is found at all, the test looks at the wrong files.
-    for form in ("avx", "avx2", "fma3_avx2"):
+    for form in FORMS:
         if form not in forms:
             problems.append(f"no function of the form {form} is found")
     print("\n".join(problems) if problems else

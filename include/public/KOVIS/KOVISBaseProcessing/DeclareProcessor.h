@@ -65,3 +65,16 @@ public:                                                                         
     {                                                                                                                            \
         g_accessLine = __LINE__                                                                                                  \
     }
+
+/// The statics of a class with kernels, in the public part of its declaration:
+///   - the kernels of the class: filled at load, read-only afterwards;
+///   - the instruction sets that every run must use from now on; empty means the best that there is. Change them between runs,
+///   never
+///     during one.
+#define KOVIS_DECLARE_ALGORITHM()                                                                                                \
+    static ::kovis::processor::AlgorithmFunctionSelector& retrieveFunctionSelector();                                            \
+    static ::kovis::processor::AlgorithmFunctionSelector& accessFunctionSelector();                                              \
+    static ::kovis::processor::InstructionSetsIdentifier& retrieveForcedInstructionSets();                                       \
+    static ::kovis::processor::InstructionSetsIdentifier& accessForcedInstructionSets();                                         \
+    static void forceInstructionSets(const ::kovis::processor::InstructionSetsIdentifier& instructionSets);                      \
+    static void releaseForcedInstructionSets()

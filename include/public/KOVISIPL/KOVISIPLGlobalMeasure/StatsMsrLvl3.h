@@ -20,17 +20,7 @@ class KOVISIPLGLOBALMEASURE_EXPORT StatsMsrLvl3 : public processor::BaseProcessi
 {
     KOVIS_DECLARE_PROCESSOR(StatsMsrLvl3);
     KOVIS_DECLARE_ATTRIBUTE_ACCESS();
-
-    /// The kernels of this class. Filled at load, read-only afterwards.
-    static processor::AlgorithmFunctionSelector& retrieveFunctionSelector();
-    static processor::AlgorithmFunctionSelector& accessFunctionSelector();
-
-    /// The instruction sets that every run must use from now on; empty means the best that there is. Change them between runs,
-    /// never during one.
-    static processor::InstructionSetsIdentifier& retrieveForcedInstructionSets();
-    static processor::InstructionSetsIdentifier& accessForcedInstructionSets();
-    static void forceInstructionSets(const processor::InstructionSetsIdentifier& instructionSets);
-    static void releaseForcedInstructionSets();
+    KOVIS_DECLARE_ALGORITHM();
 
     /// The kernel of one element type: adds the strip's elements, without what lies past the image's end, to the accumulation.
     template <class T>

@@ -1,0 +1,52 @@
+#include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImgLvl2.h"
+
+#include "KOVIS/KOVISImageProcessing/DispatchStep.h"
+#include "KOVIS/KOVISImageProcessing/ImageRule.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorProcessorTraits.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImgLvl3.h"
+
+KOVIS_PROCESSOR_TRAITS(kovis::imaproc::color, LightnessImgLvl2, BaseAsync1Processor, kovis::imaproc::color::ColorProcessorTraits,
+                       "KOVISIPL/KOVISIPLColor/Processor/LightnessImg", 9);
+
+namespace kovis::imaproc::color
+{
+KOVIS_DEFINE_PROCESSOR(LightnessImgLvl2);
+
+template <class TAttribute>
+void LightnessImgLvl2::set(const typename TAttribute::StorageType& value)
+{
+    processor::ProcessorAnatomy<LightnessImgLvl2>::set(
+        *this, processor::selectAttribute<TAttribute>(m_inSubColorImg2d, m_inLightnessType, m_outLightImg), value);
+}
+
+template KOVISIPLCOLOR_EXPORT void LightnessImgLvl2::set<attr::InSubColorImg2d>(const attr::InSubColorImg2d::StorageType&);
+template KOVISIPLCOLOR_EXPORT void LightnessImgLvl2::set<attr::InLightnessType>(const attr::InLightnessType::StorageType&);
+template KOVISIPLCOLOR_EXPORT void LightnessImgLvl2::set<attr::OutLightImg>(const attr::OutLightImg::StorageType&);
+
+BoolResult
+LightnessImgLvl2::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
+                              std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
+                              processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
+                              const processor::eProcessorRulePolicy& rulePolicy)
+{
+    processor::makeAttributes(attributes, m_inSubColorImg2d, m_inLightnessType, m_outLightImg);
+    outputInitializers.clear(); // the output is a part of an image that level 1 has made
+    return processor::finishInit<LightnessImgLvl2>(dispatchPolicy, rule, rulePolicy,
+                                                   [this] {
+                                                       return matchSize(eMIST_XY, m_inSubColorImg2d, m_outLightImg) &&
+                                                              matchBufferType(m_inSubColorImg2d, m_outLightImg);
+                                                   });
+}
+
+processor::RetrievalResult LightnessImgLvl2::retrieveProvider(const core::BasePriority& priority,
+                                                              core::ActionProviderPtr& provider)
+{
+    StripStep<LightnessImgLvl3> step;
+    step.addStrips<attr::OutLightYStrip2d>(m_outLightImg->getStorage());
+    step.addValue<attr::InLightnessType>(m_inLightnessType->getValue());
+    step.addColorStrips<attr::InColorYStrip2d>(m_inSubColorImg2d->getStorage());
+    return step.provide(priority, provider);
+}
+} // namespace kovis::imaproc::color
+
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::LightnessImgLvl2, "kovis::imaproc::color::LightnessImgLvl2", makeClassMutexes);
