@@ -2,8 +2,10 @@
 
 #include "KOVIS/KOVISUtil/ThrowMessage.h"
 #include "KOVISIPL/KOVISIPLColor/KOVISIPLColorLog.h"
+#include "KOVISIPL/KOVISIPLColor/OutputInitializer/AppendColorOutputInitializer.h"
 #include "KOVISIPL/KOVISIPLColor/OutputInitializer/TargetColorSpaceOutputInitializer.h"
 #include "KOVISIPL/KOVISIPLColor/OutputInitializerLogMessages.h"
+#include "KOVISIPL/KOVISIPLColor/getHeldImage.h"
 #include "KOVISIPL/KOVISIPLColor/getTransformNode.h"
 
 #include <boost/make_shared.hpp>
@@ -14,6 +16,14 @@ using namespace kovis;
 using namespace kovis::imaproc;
 
 [[maybe_unused]] const bool g_bMessagesEntered = MessageMapRegistrator<color::eOutputInitializerMessage, void>::process();
+
+[[noreturn]] void throwInitializerMessage(color::eOutputInitializerMessage::domain message, const char* function,
+                                          unsigned int line)
+{
+    throwMessage<color::KOVISIPLColorException>(
+        color::getKOVISIPLColorLogMessageManager(), color::getKOVISIPLColorLogger(), message,
+        SourcePlace{function, "KOVISIPL/KOVISIPLColor/OutputInitializer/ColorInitializerUtils", line});
+}
 
 bool isRgbOrRgba(const image::eColorGeometryType& type)
 {
@@ -30,10 +40,7 @@ TargetColorSpaceOutputInitializer::getTransform(const char* function) const
     const boost::shared_ptr<const attr::InColorConversionTransform> transform = m_transform.lock();
     if (!transform)
     {
-        throwMessage<color::KOVISIPLColorException>(
-            color::getKOVISIPLColorLogMessageManager(), color::getKOVISIPLColorLogger(),
-            color::eOutputInitializerMessage::eOIM_AttributeNull,
-            SourcePlace{function, "KOVISIPL/KOVISIPLColor/OutputInitializer/ColorInitializerUtils", __LINE__});
+        throwInitializerMessage(color::eOutputInitializerMessage::eOIM_AttributeNull, function, __LINE__);
     }
     return transform;
 }
@@ -75,8 +82,40 @@ image::ColorGeometry TargetColorSpaceOutputInitializer::getColorGeometry() const
     return geometry;
 }
 
+AppendColorOutputInitializer::AppendColorOutputInitializer() = default;
+AppendColorOutputInitializer::~AppendColorOutputInitializer() = default;
+
+image::eImageBufferType AppendColorOutputInitializer::getImageBufferType() const
+{
+    return getInputImage()->getBufferType();
+}
+
+image::ColorGeometry AppendColorOutputInitializer::getColorGeometry() const
+{
+    const unsigned long sizeC1 = getInputImage()->getSizeC();
+    const boost::shared_ptr<const BaseImageAttribute> secondInput = m_secondInput.lock();
+    if (!secondInput)
+    {
+        throwInitializerMessage(color::eOutputInitializerMessage::eOIM_AttributeExpired,
+                                "virtual kovis::image::ColorGeometry AppendColorOutputInitializer::getColorGeometry() const",
+                                __LINE__);
+    }
+    image::ColorGeometry geometry;
+    geometry.initUser(sizeC1 + color::getHeldImage(*secondInput)->getSizeC());
+    return geometry;
+}
+
 namespace kovis::imaproc::color
 {
+boost::shared_ptr<BaseCustomImageInfo> outputAppendColor(const boost::shared_ptr<const BaseImageAttribute>& input1,
+                                                         const boost::shared_ptr<const BaseImageAttribute>& input2)
+{
+    const auto info = boost::make_shared<AppendColorOutputInitializer>();
+    info->initBase(input1);
+    info->setSecondInput(input2);
+    return info;
+}
+
 boost::shared_ptr<BaseCustomImageInfo>
 outputTargetColorSpace(const boost::shared_ptr<const BaseImageAttribute>& input,
                        const boost::shared_ptr<const attr::InColorConversionTransform>& transform)

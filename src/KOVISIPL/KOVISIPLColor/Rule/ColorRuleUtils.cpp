@@ -5,6 +5,7 @@
 #include "KOVIS/KOVISUtil/ThrowMessage.h"
 #include "KOVISIPL/KOVISIPLColor/KOVISIPLColorLog.h"
 #include "KOVISIPL/KOVISIPLColor/RuleLogMessages.h"
+#include "KOVISIPL/KOVISIPLColor/getHeldImage.h"
 #include "KOVISIPL/KOVISIPLColor/getTransformNode.h"
 
 #include <boost/make_shared.hpp>
@@ -16,18 +17,14 @@ namespace
 {
 [[maybe_unused]] const bool g_bMessagesEntered = MessageMapRegistrator<eRuleMessage, void>::process();
 
-// What an attribute holds, kept alive: the attribute may be set anew meanwhile. Where it holds nothing, its own getter throws by
-// name.
+constexpr const char* g_sourcePath = "KOVISIPL/KOVISIPLColor/Rule/ColorRuleUtils";
+
 boost::shared_ptr<const image::BaseImage> getShape(const BaseImageAttribute& attribute)
 {
-    boost::shared_ptr<const image::BaseImage> shape;
-    while (!(shape = attribute.getImagePtr()))
-    {
-        (void)attribute.getImage();
-    }
-    return shape;
+    return getHeldImage(attribute);
 }
 
+/// The same for a strip.
 boost::shared_ptr<const image::BaseImageYStripColor2d> getShape(const BaseYStripColor2dAttribute& attribute)
 {
     boost::shared_ptr<const image::BaseImageYStrip> shape;
@@ -45,6 +42,31 @@ const char* getTypeName(const BaseImageAttribute*)
 const char* getTypeName(const BaseYStripColor2dAttribute*)
 {
     return "const kovis::imaproc::BaseYStripColor2dAttribute";
+}
+
+/// The pretty name of an operation of one of the rule templates.
+template <class ImageAttributeType>
+std::string getFunction(const char* returnType, const char* operation)
+{
+    return std::string(returnType) + " kovis::imaproc::color::{anonymous}::" + operation +
+           "() const [with ImageAttributeType = " + getTypeName(static_cast<ImageAttributeType*>(nullptr)) + "]";
+}
+
+/// An attribute that a rule on ImageAttributeType does not keep alive, for the operation that is named. Throws
+/// KOVISIPLColorException for a rule that is not initialised and for an attribute that is gone.
+template <class ImageAttributeType, class TAttribute>
+boost::shared_ptr<TAttribute> lockAttribute(bool bInitialised, const boost::weak_ptr<TAttribute>& attribute,
+                                            const char* returnType, const char* operation, unsigned int line)
+{
+    const boost::shared_ptr<TAttribute> locked = attribute.lock();
+    if (!bInitialised || !locked)
+    {
+        const std::string function = getFunction<ImageAttributeType>(returnType, operation);
+        throwMessage<KOVISIPLColorException>(getKOVISIPLColorLogMessageManager(), getKOVISIPLColorLogger(),
+                                             bInitialised ? eRuleMessage::eRM_AttributeExpired : eRuleMessage::eRM_NotInitialised,
+                                             SourcePlace{function.c_str(), g_sourcePath, line});
+    }
+    return locked;
 }
 
 /// That the output is in the space that the transform aims at and that a user matrix has the shape that the channels ask for.
@@ -126,32 +148,90 @@ private:
 
     boost::shared_ptr<const attr::InColorConversionTransform> getColorConversionTransformAttribute() const
     {
-        if (!isInitialised())
-        {
-            throwRuleMessage(eRuleMessage::eRM_NotInitialised);
-        }
-        const boost::shared_ptr<const attr::InColorConversionTransform> transform = m_transform.lock();
-        if (!transform)
-        {
-            throwRuleMessage(eRuleMessage::eRM_AttributeExpired);
-        }
-        return transform;
-    }
-
-    [[noreturn]] static void throwRuleMessage(eRuleMessage::domain message)
-    {
-        const std::string function =
-            std::string(
-                "boost::shared_ptr<const kovis::imaproc::attr::InColorConversionTransform> kovis::imaproc::color::{anonymous}::"
-                "RuleMatchColorSpace<ImageAttributeType>::getColorConversionTransformAttribute() const [with ImageAttributeType "
-                "= ") +
-            getTypeName(static_cast<ImageAttributeType*>(nullptr)) + "]";
-        throwMessage<KOVISIPLColorException>(
-            getKOVISIPLColorLogMessageManager(), getKOVISIPLColorLogger(), message,
-            SourcePlace{function.c_str(), "KOVISIPL/KOVISIPLColor/Rule/ColorRuleUtils", __LINE__});
+        return lockAttribute<ImageAttributeType>(
+            isInitialised(), m_transform, "boost::shared_ptr<const kovis::imaproc::attr::InColorConversionTransform>",
+            "RuleMatchColorSpace<ImageAttributeType>::getColorConversionTransformAttribute", __LINE__);
     }
 
     boost::weak_ptr<const attr::InColorConversionTransform> m_transform;
+};
+
+/// That the output has the channels of both inputs. The first input and the output are the attributes of the base.
+template <class ImageAttributeType>
+class RuleMatchAppendChannel : public processor::BaseAttributeRule
+{
+public:
+    void init(const boost::weak_ptr<ImageAttributeType>& input1, const boost::weak_ptr<ImageAttributeType>& input2,
+              const boost::weak_ptr<ImageAttributeType>& output)
+    {
+        m_input2 = input2;
+        initBase(input1, output);
+    }
+
+    bool testRule() const override
+    {
+        const auto outSizeC = static_cast<unsigned int>(getShape(*getOutput())->getSizeC());
+        const auto sizeC1 = static_cast<unsigned int>(getShape(*getInput1())->getSizeC());
+        return sizeC1 + getShape(*getInput2())->getSizeC() == outSizeC;
+    }
+
+    std::string createRuleFormalString() const override
+    {
+        const auto input2 = getInput2();
+        LogMessageFormater formater(getKOVISIPLColorLogMessageManager());
+        formater[eRuleMessage::eRM_AppendFormal] % getInput1()->getObjectName() % input2->getObjectName() %
+            getOutput()->getObjectName();
+        return formater.string();
+    }
+
+    std::string createRuleEvaluatedString(unsigned int indentation) const override
+    {
+        const auto input2 = getInput2();
+        const std::string image2 = getImageName(*input2);
+        const auto output = getOutput();
+        const std::string outputImage = getImageName(*output);
+        const auto input1 = getInput1();
+        const std::string image1 = getImageName(*input1);
+        try
+        {
+            LogMessageFormater formater(getKOVISIPLColorLogMessageManager());
+            formater << createRuleEvaluatedStartString(indentation);
+            // the text for colour spaces, which asks for three strings more: no text is ever finished
+            formater[eRuleMessage::eRM_ColorSpaceEvaluated] % input1->getObjectName() % image1 % input2->getObjectName() %
+                image2 % output->getObjectName() % outputImage;
+            return formater.string();
+        }
+        catch (...)
+        {
+            const std::string function = getFunction<ImageAttributeType>(
+                "std::string", "RuleMatchAppendChannel<ImageAttributeType>::createRuleEvaluatedString");
+            kovis::detail::throwMessageFailure({function.c_str(), g_sourcePath, __LINE__});
+        }
+    }
+
+    processor::eAttributeRuleType getAttributeRuleType() const override { return processor::eART_Image; }
+
+private:
+    boost::shared_ptr<ImageAttributeType> getInput1() const
+    {
+        return boost::static_pointer_cast<ImageAttributeType>(getAttribute1());
+    }
+    boost::shared_ptr<ImageAttributeType> getInput2() const
+    {
+        return lockAttribute<ImageAttributeType>(isInitialised(), m_input2, "boost::shared_ptr<ImageAttributeType>",
+                                                 "RuleMatchAppendChannel<ImageAttributeType>::getInput2", __LINE__);
+    }
+    boost::shared_ptr<ImageAttributeType> getOutput() const
+    {
+        return boost::static_pointer_cast<ImageAttributeType>(getAttribute2());
+    }
+
+    static std::string getImageName(const BaseImageAttribute& attribute)
+    {
+        return getFormatedName(*getShape(attribute), image::eFT_Short);
+    }
+
+    boost::weak_ptr<ImageAttributeType> m_input2;
 };
 
 template <class ImageAttributeType>
@@ -177,5 +257,14 @@ boost::shared_ptr<processor::BaseRule> matchColorSpace(const boost::shared_ptr<c
                                                        const boost::shared_ptr<const attr::InColorConversionTransform>& transform)
 {
     return makeRule(input, output, transform);
+}
+
+boost::shared_ptr<processor::BaseRule> matchAppendChannel(const boost::shared_ptr<const BaseImageAttribute>& input1,
+                                                          const boost::shared_ptr<const BaseImageAttribute>& input2,
+                                                          const boost::shared_ptr<const BaseImageAttribute>& output)
+{
+    const auto rule = boost::make_shared<RuleMatchAppendChannel<const BaseImageAttribute>>();
+    rule->init(input1, input2, output);
+    return rule;
 }
 } // namespace kovis::imaproc::color

@@ -16,4 +16,11 @@ namespace kovis::imaproc::color
 KOVISIPLCOLOR_EXPORT boost::shared_ptr<BaseCustomImageInfo>
 outputTargetColorSpace(const boost::shared_ptr<const BaseImageAttribute>& input,
                        const boost::shared_ptr<const attr::InColorConversionTransform>& transform);
+
+/// Describes the result of an append that was given none: of the first input's size and buffer type, in eCGT_User with as many
+/// channels as both inputs together. No attribute is kept alive; asking for the channels throws KOVISIPLColorException when the
+/// second input's attribute is gone.
+KOVISIPLCOLOR_EXPORT boost::shared_ptr<BaseCustomImageInfo>
+outputAppendColor(const boost::shared_ptr<const BaseImageAttribute>& input1,
+                  const boost::shared_ptr<const BaseImageAttribute>& input2);
 } // namespace kovis::imaproc::color

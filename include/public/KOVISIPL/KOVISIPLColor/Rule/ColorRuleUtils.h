@@ -23,4 +23,12 @@ KOVISIPLCOLOR_EXPORT boost::shared_ptr<processor::BaseRule>
 matchColorSpace(const boost::shared_ptr<const BaseYStripColor2dAttribute>& input,
                 const boost::shared_ptr<const BaseYStripColor2dAttribute>& output,
                 const boost::shared_ptr<const attr::InColorConversionTransform>& transform);
+
+/// Holds if the output has as many channels as both inputs together; the colour spaces are not looked at. No attribute is kept
+/// alive; a test or a text throws KOVISIPLColorException when the second input's attribute is gone. The evaluated text has more
+/// places than it is given strings: asking for it throws a BaseException whose cause is that.
+KOVISIPLCOLOR_EXPORT boost::shared_ptr<processor::BaseRule>
+matchAppendChannel(const boost::shared_ptr<const BaseImageAttribute>& input1,
+                   const boost::shared_ptr<const BaseImageAttribute>& input2,
+                   const boost::shared_ptr<const BaseImageAttribute>& output);
 } // namespace kovis::imaproc::color

@@ -25,10 +25,7 @@ struct AppendPacks<simd::avx512::Register>
     static KOVIS_SIMD_INLINE Int truncateUnsigned(Float x) { return simd::avx512::Register::truncateUnsigned(x); }
 
 private:
-    static KOVIS_SIMD_INLINE __m256i loadHalf(const void* from)
-    {
-        return _mm256_loadu_si256(static_cast<const __m256i*>(from));
-    }
+    static KOVIS_SIMD_INLINE __m256i loadHalf(const void* from) { return _mm256_loadu_si256(static_cast<const __m256i*>(from)); }
     /// By a full mask, for GCC 12 takes the plain call's unused source for an uninitialised one.
     static KOVIS_SIMD_INLINE Int order(Int packed)
     {

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "KOVIS/KOVISBaseProcessing/BaseAsyncProcessor.h"
+#include "KOVIS/KOVISBaseProcessing/DeclareProcessor.h"
+#include "KOVISIPL/KOVISIPLAttributes/InSubColorImg2d1.h"
+#include "KOVISIPL/KOVISIPLAttributes/InSubColorImg2d2.h"
+#include "KOVISIPL/KOVISIPLAttributes/OutColorImg.h"
+#include "KOVISIPL/KOVISIPLColor/KOVISIPLColorExport.h"
+
+#include <boost/shared_ptr.hpp>
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace kovis::imaproc::color
+{
+/// Puts the channels of two 2D images into one, strip by strip. Attributes: InSubColorImg2d1, InSubColorImg2d2, OutColorImg, all
+/// to be given by set. Sizes and buffer types must agree, and the output must have as many channels as the inputs together.
+class KOVISIPLCOLOR_EXPORT AppendColorChannelImgLvl2 : public processor::BaseAsync1Processor
+{
+    KOVIS_DECLARE_PROCESSOR(AppendColorChannelImgLvl2);
+    KOVIS_DECLARE_ATTRIBUTE_ACCESS();
+
+protected:
+    BoolResult initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
+                           std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
+                           processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
+                           const processor::eProcessorRulePolicy& rulePolicy) override;
+    using processor::BaseAsync1Processor::retrieveProvider;
+    processor::RetrievalResult retrieveProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider) override;
+
+private:
+    boost::shared_ptr<processor::BaseRule> createRule() const;
+
+    boost::shared_ptr<attr::InSubColorImg2d1> m_inSubColorImg2d1;
+    boost::shared_ptr<attr::InSubColorImg2d2> m_inSubColorImg2d2;
+    boost::shared_ptr<attr::OutColorImg> m_outColorImg;
+};
+} // namespace kovis::imaproc::color
