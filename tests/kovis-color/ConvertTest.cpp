@@ -180,13 +180,7 @@ TEST_F(Program, aFloatPictureNeverBecomesABlackOneWithoutAWord)
     for (const char* space : {"xyz", "lab"})
     {
         const ProgramRun run = convert({"--to", space});
-        if (run.exitCode != 0)
-        {
-            EXPECT_EQ(run.exitCode, 1);
-            EXPECT_EQ(countLines(run.err), 1U) << run.err;
-            EXPECT_FALSE(contains(run.err, "range [0, 255]")) << run.err;
-            continue;
-        }
+        ASSERT_EQ(run.exitCode, 0) << run.err;
         const Picture picture = readPicture(m_output);
         for (std::size_t page = 0; page < 2; ++page)
         {
