@@ -1,0 +1,19 @@
+#pragma once
+
+// Included inside a target region, after PowNoCheckReg.h.
+
+namespace kovis::test
+{
+template <class Register>
+KOVIS_SIMD_INLINE void powPlane(float y, unsigned long count, const float* x, float* out)
+{
+    using Power = simd::Power<Register>;
+    const typename Power::Exponent exponent = Power::exponent(y);
+    for (unsigned long i = 0; i < count; i += Register::s_blockLength)
+    {
+        typename Register::Block block = Register::load(x + i);
+        Power::run(block.m_register, exponent, block.m_register);
+        Register::store(out + i, block);
+    }
+}
+} // namespace kovis::test
