@@ -3,7 +3,6 @@
 
 KOVIS_TARGET_BEGIN("avx")
 #include "KOVIS/KOVISSimd/AvxRegister.h"
-#include "KOVIS/KOVISSimd/PowNoCheckReg.h"
 #include "support/powPlane.h"
 
 namespace kovis::test

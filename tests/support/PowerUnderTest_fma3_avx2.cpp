@@ -3,7 +3,6 @@
 
 KOVIS_TARGET_BEGIN("avx2,fma")
 #include "KOVIS/KOVISSimd/Fma3Avx2Register.h"
-#include "KOVIS/KOVISSimd/PowNoCheckReg.h"
 #include "support/powPlane.h"
 
 namespace kovis::test

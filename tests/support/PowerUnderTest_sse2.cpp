@@ -3,7 +3,6 @@
 
 KOVIS_TARGET_BEGIN("sse2")
 #include "KOVIS/KOVISSimd/Sse2Register.h"
-#include "KOVIS/KOVISSimd/PowNoCheckReg.h"
 #include "support/powPlane.h"
 
 namespace kovis::test

@@ -1,6 +1,8 @@
 #pragma once
 
-// Included inside a target region, after PowNoCheckReg.h.
+#include "KOVIS/KOVISSimd/PowNoCheckReg.h"
+
+// Included inside a target region, after a register header.
 
 namespace kovis::test
 {
