@@ -59,11 +59,9 @@ namespace details
 {
 static bool functionRegistration()
 {
-    AppendColorChannelImgLvl3Rows<eInstructionSet::eIS_Generic> rows(
-        {"bool kovis::imaproc::color::details::functionRegistration()",
-         processor::ProcessorTraits<AppendColorChannelImgLvl3>::g_sourcePath, __LINE__});
-    rows.registerTable<3>(AppendColorChannelImgLvl3Kernels<eInstructionSet::eIS_Generic>());
-    return rows.report();
+    return enterAppendTable<eInstructionSet::eIS_Generic>({"bool kovis::imaproc::color::details::functionRegistration()",
+                                                           processor::ProcessorTraits<AppendColorChannelImgLvl3>::g_sourcePath,
+                                                           __LINE__});
 }
 } // namespace details
 } // namespace kovis::imaproc::color

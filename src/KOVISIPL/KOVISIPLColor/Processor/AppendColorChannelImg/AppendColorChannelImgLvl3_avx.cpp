@@ -9,7 +9,7 @@ namespace details
 {
 static bool functionRegistration()
 {
-    AppendColorChannelImgLvl3Rows<eInstructionSet::eIS_AVX> rows(
+    KernelTable<AppendColorChannelImgLvl3, eInstructionSet::eIS_AVX> rows(
         {"bool kovis::imaproc::color::details::functionRegistration()",
          "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl3_avx", __LINE__});
     rows.registerRow<image::eIBT_Real, image::eIBT_Real, image::eIBT_Real>(

@@ -9,11 +9,9 @@ namespace details
 {
 static bool functionRegistration()
 {
-    AppendColorChannelImgLvl3Rows<eInstructionSet::eIS_SSE2> rows(
+    return enterAppendTable<eInstructionSet::eIS_SSE2>(
         {"bool kovis::imaproc::color::details::functionRegistration()",
          "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl3_sse2", __LINE__});
-    rows.registerTable<3>(AppendColorChannelImgLvl3Kernels<eInstructionSet::eIS_SSE2>());
-    return rows.report();
 }
 } // namespace details
 

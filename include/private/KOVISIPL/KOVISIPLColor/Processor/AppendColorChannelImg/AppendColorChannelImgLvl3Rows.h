@@ -1,15 +1,52 @@
 #pragma once
 
 #include "KOVIS/KOVISImageProcessing/KernelTable.h"
-#include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl3Driver.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl3.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/Kernel/AppendKernels.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/throwShortOutput.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/stripPlanes.h"
 
-namespace kovis::imaproc::color::details
+// The kernels of AppendColorChannelImgLvl3 and their rows, for the units that register them. Plain x86-64 code in all of
+// them: the instruction set only names the kernels. A unit has 343 of them, so that what depends on fewer types stands
+// apart.
+
+namespace kovis::imaproc::color
 {
-/// The rows of the form that ISA names.
-template <eInstructionSet::domain ISA>
-using AppendColorChannelImgLvl3Rows = KernelTable<AppendColorChannelImgLvl3, ISA>;
+namespace details
+{
+/// The planes of one input into as many planes of the output, each finished before the next begins.
+template <eInstructionSet::domain ISA, class Tin, class Tout>
+void appendPlanes(unsigned long nbPlanes, unsigned long count, const Tin* const* in, Tout* const* out)
+{
+    for (unsigned long c = 0; c < nbPlanes; ++c)
+    {
+        kernel::appendConvert<typename simd::FormOf<ISA, ISA>::Register, Tin, Tout>(count, in[c], out[c]);
+    }
+}
+} // namespace details
 
-/// The kernels of that form, for its rows.
+template <class T1, class T2, class Tout, eInstructionSet::domain ISA>
+ProcessingResult<bool> AppendColorChannelImgLvl3::genericProcessFunction(const processor::ProcessingInfo& info)
+{
+    static constexpr const char* className = "AppendColorChannelImgLvl3";
+    const unsigned long sizeC1 = m_inColorYStrip2d1->getBaseImageYStripColor2d().getSizeC();
+    const auto in1 = details::accessPlanes<T1, BaseInputYStripColor2dAttribute>(m_inputParser1, sizeC1, className);
+    const unsigned long sizeC2 = m_inColorYStrip2->getBaseImageYStripColor2d().getSizeC();
+    const auto in2 = details::accessPlanes<T2, BaseInputYStripColor2dAttribute>(m_inputParser2, sizeC2, className);
+    const unsigned long sizeCOut = m_outColorYStrip2d->getBaseImageYStripColor2d().getSizeC();
+    const auto out = details::accessPlanes<Tout, BaseOutputYStripColor2dAttribute>(m_outputParser, sizeCOut, className);
+    if (sizeCOut < sizeC1 + sizeC2)
+    {
+        details::throwShortOutput(sizeC1, sizeC2, sizeCOut);
+    }
+    details::appendPlanes<ISA>(sizeC1, info.m_nbElements, in1.get(), out.get());
+    details::appendPlanes<ISA>(sizeC2, info.m_nbElements, in2.get(), out.get() + sizeC1);
+    return ProcessingResult<bool>(true);
+}
+
+namespace details
+{
+/// The kernels of one form, for its rows.
 template <eInstructionSet::domain ISA>
 struct AppendColorChannelImgLvl3Kernels
 {
@@ -19,4 +56,14 @@ struct AppendColorChannelImgLvl3Kernels
         return &AppendColorChannelImgLvl3::template genericProcessFunction<T1, T2, Tout, ISA>;
     }
 };
-} // namespace kovis::imaproc::color::details
+
+/// Enters a row for each three buffer types. The place is what the report of refused rows names.
+template <eInstructionSet::domain ISA>
+bool enterAppendTable(const SourcePlace& place)
+{
+    KernelTable<AppendColorChannelImgLvl3, ISA> rows(place);
+    rows.template registerTable<3>(AppendColorChannelImgLvl3Kernels<ISA>());
+    return rows.report();
+}
+} // namespace details
+} // namespace kovis::imaproc::color

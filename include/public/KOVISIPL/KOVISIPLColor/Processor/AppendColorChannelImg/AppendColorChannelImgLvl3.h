@@ -25,17 +25,7 @@ class KOVISIPLCOLOR_EXPORT AppendColorChannelImgLvl3 : public processor::BasePro
 {
     KOVIS_DECLARE_PROCESSOR(AppendColorChannelImgLvl3);
     KOVIS_DECLARE_ATTRIBUTE_ACCESS();
-
-    /// The kernels of this class. Filled at load, read-only afterwards.
-    static processor::AlgorithmFunctionSelector& retrieveFunctionSelector();
-    static processor::AlgorithmFunctionSelector& accessFunctionSelector();
-
-    /// The instruction sets that every run must use from now on; empty means the best that there is. Change them between runs,
-    /// never during one.
-    static processor::InstructionSetsIdentifier& retrieveForcedInstructionSets();
-    static processor::InstructionSetsIdentifier& accessForcedInstructionSets();
-    static void forceInstructionSets(const processor::InstructionSetsIdentifier& instructionSets);
-    static void releaseForcedInstructionSets();
+    KOVIS_DECLARE_ALGORITHM();
 
     /// The kernel of three element types and an instruction set: works on the strips that the parsers are bound to. Throws
     /// KOVISIPLColorException for an output of fewer channels than the inputs have together.
