@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstring>
 #include <random>
+#include <string>
 
 namespace kovis::bench
 {
@@ -83,27 +84,44 @@ void copyPlanes(const image::BaseImage& from, image::BaseImage& to)
     }
 }
 
-void runBesideCopy(benchmark::State& state, const std::function<void()>& work, const image::BaseImage& from, image::BaseImage& to)
+void runBeside(benchmark::State& state, const std::function<void()>& work, const std::vector<Reference>& references,
+               unsigned long nbPixels)
 {
     using Clock = std::chrono::steady_clock;
     work();
-    copyPlanes(from, to);
+    for (const Reference& reference : references)
+    {
+        reference.m_work();
+    }
     Clock::duration workTime{};
-    Clock::duration copyTime{};
+    std::vector<Clock::duration> referenceTimes(references.size(), Clock::duration::zero());
     for ([[maybe_unused]] auto iteration : state)
     {
         const Clock::time_point start = Clock::now();
         work();
-        const Clock::time_point middle = Clock::now();
-        copyPlanes(from, to);
-        const Clock::time_point end = Clock::now();
-        workTime += middle - start;
-        copyTime += end - middle;
-        state.SetIterationTime(getSeconds(middle - start));
+        Clock::time_point last = Clock::now();
+        workTime += last - start;
+        state.SetIterationTime(getSeconds(last - start));
+        for (std::size_t i = 0; i < references.size(); ++i)
+        {
+            references[i].m_work();
+            const Clock::time_point now = Clock::now();
+            referenceTimes[i] += now - last;
+            last = now;
+        }
     }
-    const double nbPixels = static_cast<double>(from.getSizeX() * from.getSizeY()) * static_cast<double>(state.iterations());
-    state.counters["pixels/s"] = nbPixels / getSeconds(workTime);
-    state.counters["copy_pixels/s"] = nbPixels / getSeconds(copyTime);
-    state.counters["ratio_to_copy"] = getSeconds(copyTime) / getSeconds(workTime);
+    const double nbAllPixels = static_cast<double>(nbPixels) * static_cast<double>(state.iterations());
+    state.counters["pixels/s"] = nbAllPixels / getSeconds(workTime);
+    for (std::size_t i = 0; i < references.size(); ++i)
+    {
+        const std::string name = references[i].m_name;
+        state.counters[name + "_pixels/s"] = nbAllPixels / getSeconds(referenceTimes[i]);
+        state.counters["ratio_to_" + name] = getSeconds(referenceTimes[i]) / getSeconds(workTime);
+    }
+}
+
+void runBesideCopy(benchmark::State& state, const std::function<void()>& work, const image::BaseImage& from, image::BaseImage& to)
+{
+    runBeside(state, work, {{"copy", [&] { copyPlanes(from, to); }}}, from.getSizeX() * from.getSizeY());
 }
 } // namespace kovis::bench

@@ -4,6 +4,7 @@ namespace kovis::bench
 {
 void registerImageBenchmarks();
 void registerKernelBenchmarks();
+void registerLightnessBenchmarks();
 void registerMemoryBenchmarks();
 } // namespace kovis::bench
 
@@ -11,6 +12,7 @@ int main(int argc, char** argv)
 {
     kovis::bench::registerImageBenchmarks();
     kovis::bench::registerKernelBenchmarks();
+    kovis::bench::registerLightnessBenchmarks();
     kovis::bench::registerMemoryBenchmarks();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
