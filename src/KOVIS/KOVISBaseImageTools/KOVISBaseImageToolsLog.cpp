@@ -11,6 +11,8 @@ constexpr MessageText g_texts[] = {
                                                          "different ones of Grey (0), Rgb (1), Rgba (2), XYZ (3), YPbPr (4) "
                                                          "and YCbCr (5)"},
     {eKOVISBaseImageToolsMessage::eIT_UnknownBufferType, "Buffer type %d does not exist: buffer types run from 1 to 11"},
+    {eKOVISBaseImageToolsMessage::eIT_GpuElementType,
+     "The planes of the GPU image (%s) hold elements of type %s, and were asked for as %s"},
 };
 
 constinit MessageTable g_table("KOVISBaseImageTools", "N5kovis5image5tools27eKOVISBaseImageToolsMessage6domainE", g_texts);

@@ -1,7 +1,10 @@
 #include "KOVIS/KOVISImage/CudaImage.h"
 
+#include "KOVIS/KOVISImage/GpuScope.h"
 #include "KOVIS/KOVISImage/ImageSizes.h"
 #include "KOVIS/KOVISImage/KOVISImageLogMessages.h"
+
+#include <boost/make_shared.hpp>
 
 #include <utility>
 
@@ -57,5 +60,21 @@ void* CudaImage::getPlane(unsigned long c, unsigned long z, unsigned long t) con
     checkIndex("slice", z, getSizeZ());
     checkIndex("time step", t, getSizeT());
     return m_planes[(t * getSizeZ() + z) * getSizeC() + c];
+}
+
+void** CudaImage::getPlaneTable() const
+{
+    const std::lock_guard lock(m_tableMutex);
+    if (!m_table)
+    {
+        const detail::GpuScope scope({"void** kovis::image::CudaImage::getPlaneTable() const", g_file, __LINE__});
+        const auto table = boost::make_shared<gpu::DeviceMemory>();
+        const std::size_t nbBytes = m_planes.size() * sizeof(void*);
+        scope.check(table->allocate(nbBytes), "memory for the addresses of planes");
+        scope.check(gpu::CudaRuntime::getInstance().copyToDevice(table->getData(), m_planes.data(), nbBytes),
+                    "to take the addresses of planes");
+        m_table = table;
+    }
+    return static_cast<void**>(m_table->getData());
 }
 } // namespace kovis::image

@@ -37,6 +37,11 @@ constexpr MessageText g_imageMessages[] = {
     {eImageMessage::eIM_ViewBufferType, "An image of buffer type %d cannot be shown with buffer type %d: both must be the same"},
     {eImageMessage::eIM_NbRoom,
      "The image cannot be made: %d elements of room past a plane of %d are more than the address space holds"},
+    {eImageMessage::eIM_NoGpu, "There is no usable GPU: %s"},
+    {eImageMessage::eIM_GpuCall, "The GPU refused %s: %s"},
+    {eImageMessage::eIM_NotGpuImage, "The image (%s) does not lie in the memory of a GPU: upload it with uploadImage first"},
+    {eImageMessage::eIM_CopySize, "The image (%s) cannot be copied to the image (%s): sizes, number of channels and element type must "
+                                  "agree"},
 };
 
 constinit MessageTable g_imageMessageTable("KOVISImage", "N5kovis5image13eImageMessage6domainE", g_imageMessages);

@@ -35,7 +35,11 @@ struct eImageMessage
         eIM_StripNoMemory = 17,      ///< bytes
         eIM_ViewSize = 18,           ///< image, sizes asked for
         eIM_ViewBufferType = 19,     ///< image's buffer type, buffer type asked for
-        eIM_NbRoom = 20              ///< elements of room, elements of a plane
+        eIM_NbRoom = 20,             ///< elements of room, elements of a plane
+        eIM_NoGpu = 21,              ///< reason
+        eIM_GpuCall = 22,            ///< what was asked for, reason
+        eIM_NotGpuImage = 23,        ///< image
+        eIM_CopySize = 24            ///< source, target
     };
 };
 

@@ -17,7 +17,8 @@ struct eKOVISBaseImageToolsMessage
     enum domain
     {
         eIT_NoLinearTransform = 0, ///< source and target geometry
-        eIT_UnknownBufferType = 1  ///< buffer type
+        eIT_UnknownBufferType = 1, ///< buffer type
+        eIT_GpuElementType = 2     ///< image, its element type, the one asked for
     };
 };
 } // namespace kovis::image::tools
