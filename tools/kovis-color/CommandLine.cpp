@@ -18,6 +18,7 @@ constexpr std::uint64_t g_maxMebibytes = std::uint64_t{1} << 40;
 
 constexpr const char* g_mainFooter = "Examples:\n"
                                      "  kovis-color convert photo.jpg -o hsv.tif --to hsv\n"
+                                     "  kovis-color lightness photo.jpg -o grey.png --formula luminosity\n"
                                      "  kovis-color info hsv.tif\n"
                                      "  kovis-color explain --from rgb --to lab\n"
                                      "  kovis-color kernels\n"
@@ -35,6 +36,18 @@ constexpr const char* g_convertFooter =
     "  kovis-color convert photo.jpg -o sum.tif --to user --matrix 1,1,1,0\n"
     "  kovis-color convert five.tif -o rgb.tif --from user --to rgb --matrix mix.txt --threads 2\n"
     "  kovis-color convert photo.png -o ycbcr.png --to ycbcr --isa sse2 --json";
+
+constexpr const char* g_lightnessFooter =
+    "The channels of a pixel give one value, of the element type of the picture:\n"
+    "  average     their mean, alpha included\n"
+    "  lightness   half the sum of the smallest and the largest\n"
+    "  luminosity  0.21, 0.72 and 0.07 of the three that there must be, in whatever space they are\n"
+    "Nothing is scaled, and integers are rounded half away from zero. A format that cannot hold the type takes the nearest\n"
+    "that it can, rounded and saturated, as --type does.\n\n"
+    "Examples:\n"
+    "  kovis-color lightness photo.jpg -o grey.png\n"
+    "  kovis-color lightness photo.png -o grey.tif --formula luminosity --type f32\n"
+    "  kovis-color lightness stack.tif -o grey.tif --formula lightness --threads 2 --isa avx512 --json";
 
 constexpr const char* g_infoFooter = "Examples:\n"
                                      "  kovis-color info photo.png\n"
@@ -69,13 +82,20 @@ public:
 
 private:
     void addMaxMemory(CLI::App& verb, std::uint64_t& target);
+    /// The options of every verb that writes a picture; `forms` are the instruction sets that it has kernels for.
+    void addPictureOptions(CLI::App& verb, PictureOptions& options, const std::string& forms);
+    /// The places of a picture and of the space that it is read in.
+    void addInput(CLI::App& verb, std::string& input, std::string& from);
+    void addLightness();
 
-    CLI::App m_app{"Converts pictures between colour spaces.", "kovis-color"};
+    CLI::App m_app{"Converts pictures between colour spaces, and to grey ones.", "kovis-color"};
     CLI::App* m_convert = nullptr;
+    CLI::App* m_lightness = nullptr;
     CLI::App* m_info = nullptr;
     CLI::App* m_explain = nullptr;
     CLI::App* m_kernels = nullptr;
     ConvertOptions m_convertOptions;
+    LightnessOptions m_lightnessOptions;
     InfoOptions m_infoOptions;
     ExplainOptions m_explainOptions;
     bool m_bKernelsJson = false;
@@ -87,6 +107,34 @@ void CommandLine::addMaxMemory(CLI::App& verb, std::uint64_t& target)
         ->check(CLI::Range(std::uint64_t{1}, g_maxMebibytes));
 }
 
+void CommandLine::addPictureOptions(CLI::App& verb, PictureOptions& options, const std::string& forms)
+{
+    verb.add_option("-o,--output", options.output, "The file to write")->required();
+    verb.add_option("--type", options.type, "Element type of the result: " + g_typeNames)->check(refuseEmpty);
+    verb.add_option("--isa", options.isa, "Instruction set to use: " + forms)->check(refuseEmpty);
+    verb.add_option("--threads", options.threads, "Threads to use (all processors if not given)")
+        ->check(CLI::Range(1U, g_maxThreads));
+    addMaxMemory(verb, options.maxMemory);
+    verb.add_flag("--json", options.bJson, "Tell what was done as JSON");
+}
+
+void CommandLine::addInput(CLI::App& verb, std::string& input, std::string& from)
+{
+    verb.add_option("IN", input, "The picture: TIFF, PNG or JPEG, told by its content")->required();
+    verb.add_option("--from", from, "Space of the input (by its channels if not given: 1 grey, 3 rgb, 4 rgba, others user)")
+        ->check(refuseEmpty);
+}
+
+void CommandLine::addLightness()
+{
+    m_lightness = m_app.add_subcommand("lightness", "Make a grey picture of all channels of a picture");
+    m_lightness->footer(g_lightnessFooter);
+    addInput(*m_lightness, m_lightnessOptions.input, m_lightnessOptions.from);
+    m_lightness->add_option("--formula", m_lightnessOptions.formula, "average (if not given), lightness or luminosity")
+        ->check(refuseEmpty);
+    addPictureOptions(*m_lightness, m_lightnessOptions, "generic, sse2, avx (f32 only), avx2, avx512");
+}
+
 CommandLine::CommandLine()
 {
     m_app.require_subcommand(1);
@@ -95,25 +143,15 @@ CommandLine::CommandLine()
 
     m_convert = m_app.add_subcommand("convert", "Convert a picture from its colour space to another");
     m_convert->footer(g_convertFooter);
-    m_convert->add_option("IN", m_convertOptions.input, "The picture: TIFF, PNG or JPEG, told by its content")->required();
-    m_convert->add_option("-o,--output", m_convertOptions.output, "The file to write")->required();
+    addInput(*m_convert, m_convertOptions.input, m_convertOptions.from);
     m_convert->add_option("--to", m_convertOptions.to, "Space of the result: " + getSpaceNames())->required();
-    m_convert
-        ->add_option("--from", m_convertOptions.from,
-                     "Space of the input (by its channels if not given: 1 grey, 3 rgb, 4 rgba, others user)")
-        ->check(refuseEmpty);
     m_convert
         ->add_option("--matrix", m_convertOptions.matrix,
                      "For user: rows of a factor per input channel and an offset; numbers, or a file that holds them")
         ->check(refuseEmpty);
-    m_convert->add_option("--type", m_convertOptions.type, "Element type of the result: " + g_typeNames)->check(refuseEmpty);
-    m_convert
-        ->add_option("--isa", m_convertOptions.isa, "Instruction set to use: generic, sse2, avx (f32 to f32 only), avx2, fma3")
-        ->check(refuseEmpty);
-    m_convert->add_option("--threads", m_convertOptions.threads, "Threads to use (all processors if not given)")
-        ->check(CLI::Range(1U, g_maxThreads));
-    addMaxMemory(*m_convert, m_convertOptions.maxMemory);
-    m_convert->add_flag("--json", m_convertOptions.bJson, "Tell what was done as JSON");
+    addPictureOptions(*m_convert, m_convertOptions, "generic, sse2, avx (f32 to f32 only), avx2, fma3");
+
+    addLightness();
 
     m_info = m_app.add_subcommand("info", "Tell what a picture file holds");
     m_info->footer(g_infoFooter);
@@ -159,7 +197,7 @@ int CommandLine::run(int argc, const char* const* argv, std::ostream& out, std::
         const std::vector<CLI::App*> verbs = m_app.get_subcommands();
         if (verbs.empty() && argc > 1 && argv[1][0] != '-' && argv[1][0] != '\0')
         {
-            const char* const names[] = {"convert", "info", "explain", "kernels"};
+            const char* const names[] = {"convert", "lightness", "info", "explain", "kernels"};
             throw ToolError("kovis-color", "there is no verb '" + std::string(argv[1]) + "'",
                             "did you mean '" + findNearest(argv[1], names, std::size(names)) + "'? See kovis-color --help",
                             eMisused);
@@ -170,6 +208,8 @@ int CommandLine::run(int argc, const char* const* argv, std::ostream& out, std::
     checkEnvironment();
     if (m_convert->parsed())
         runConvert(m_convertOptions, out, err);
+    else if (m_lightness->parsed())
+        runLightness(m_lightnessOptions, out, err);
     else if (m_info->parsed())
         runInfo(m_infoOptions, out);
     else if (m_explain->parsed())

@@ -6,19 +6,32 @@
 
 namespace kovis::tool
 {
-/// What `kovis-color convert` was told. Empty texts and 0 where it was told nothing.
-struct ConvertOptions
+/// What the verbs that write a picture file are told alike. Empty texts and 0 where they were told nothing.
+struct PictureOptions
 {
-    std::string input;
     std::string output;
-    std::string from;
-    std::string to;
-    std::string matrix;
     std::string type;
     std::string isa;
     unsigned int threads = 0;
     std::uint64_t maxMemory = 0; ///< MiB
     bool bJson = false;
+};
+
+/// What `kovis-color convert` was told.
+struct ConvertOptions : PictureOptions
+{
+    std::string input;
+    std::string from;
+    std::string to;
+    std::string matrix;
+};
+
+/// What `kovis-color lightness` was told.
+struct LightnessOptions : PictureOptions
+{
+    std::string input;
+    std::string from;
+    std::string formula;
 };
 
 struct InfoOptions
@@ -40,6 +53,7 @@ struct ExplainOptions
 
 /// The verbs. Answers go to `out`, warnings and notes to `err`; what fails is thrown.
 void runConvert(const ConvertOptions& options, std::ostream& out, std::ostream& err);
+void runLightness(const LightnessOptions& options, std::ostream& out, std::ostream& err);
 void runInfo(const InfoOptions& options, std::ostream& out);
 void runExplain(const ExplainOptions& options, std::ostream& out);
 void runKernels(bool bJson, std::ostream& out);

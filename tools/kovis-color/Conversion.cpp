@@ -36,18 +36,6 @@ TransformPtr makeTransform(const Conversion& conversion)
     return transform;
 }
 
-/// Waits for a background run and rethrows what it failed with. The run stands for the part of the progress from `begin` to
-/// `end`.
-void follow(const core::BaseAction& action, const ProgressListener& listener, double begin, double end)
-{
-    while (!action.waitFor(g_listeningInterval) && action.getState() == core::eActionState::running)
-        listener(begin + (end - begin) * action.getProgress());
-    const BoolResult result = action.getRunResult();
-    if (!result)
-        throw std::runtime_error(result.getMessage());
-    listener(end);
-}
-
 /// The test that the library makes before it reads samples by the sRGB curve. A NaN fails it.
 void checkRange(const Picture& picture)
 {
@@ -120,14 +108,29 @@ std::size_t getResultChannels(const Conversion& conversion, std::size_t inputCha
     return conversion.to == image::eCGT_User ? conversion.matrix.size() / (inputChannels + 1) : getSpaceChannels(conversion.to);
 }
 
-void checkConversion(const std::string& subject, const Conversion& conversion, std::size_t inputChannels)
+void follow(const core::BaseAction& action, const ProgressListener& listener, double begin, double end)
 {
-    const std::size_t wanted = getSpaceChannels(conversion.from);
-    if (wanted != 0 && wanted != inputChannels)
+    while (!action.waitFor(g_listeningInterval) && action.getState() == core::eActionState::running)
+        listener(begin + (end - begin) * action.getProgress());
+    const BoolResult result = action.getRunResult();
+    if (!result)
+        throw std::runtime_error(result.getMessage());
+    listener(end);
+}
+
+void checkChannels(const std::string& subject, image::eColorGeometryType space, std::size_t channels)
+{
+    const std::size_t wanted = getSpaceChannels(space);
+    if (wanted != 0 && wanted != channels)
         throw ToolError(subject,
-                        "has " + std::to_string(inputChannels) + " channel(s), but " + getSpaceName(conversion.from) + " has " +
+                        "has " + std::to_string(channels) + " channel(s), but " + getSpaceName(space) + " has " +
                             std::to_string(wanted),
                         "choose --from to fit, user takes any number", eMisused);
+}
+
+void checkConversion(const std::string& subject, const Conversion& conversion, std::size_t inputChannels)
+{
+    checkChannels(subject, conversion.from, inputChannels);
     checkMatrix(conversion, inputChannels);
 }
 

@@ -2,6 +2,7 @@
 
 #include "Picture.h"
 
+#include "KOVIS/KOVISCore/BaseAction.h"
 #include "KOVIS/KOVISImage/BaseImage.h"
 #include "KOVIS/KOVISImage/eColorGeometryType.h"
 
@@ -28,6 +29,13 @@ using ProgressListener = std::function<void(double)>;
 
 /// Channels of the result; for a user target as the matrix says.
 std::size_t getResultChannels(const Conversion& conversion, std::size_t inputChannels);
+
+/// Waits for a background run and rethrows what it failed with. The run stands for the part of the progress from `begin` to
+/// `end`.
+void follow(const core::BaseAction& action, const ProgressListener& listener, double begin, double end);
+
+/// Throws ToolError (misused) for a picture that has other than the channels of its space. `subject` is the file's name.
+void checkChannels(const std::string& subject, image::eColorGeometryType space, std::size_t channels);
 
 /// Throws ToolError (misused) for spaces, channel count and matrix that do not go together. `subject` is the file's name.
 void checkConversion(const std::string& subject, const Conversion& conversion, std::size_t inputChannels);

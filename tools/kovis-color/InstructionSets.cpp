@@ -7,6 +7,7 @@
 #include "KOVIS/KOVISCore/isAvailable.h"
 #include "KOVIS/KOVISImageProcessing/ImageBufferTypeIdentifier.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImgLvl3.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -16,7 +17,27 @@ namespace kovis::tool
 namespace
 {
 using imaproc::color::ColorConvertImgLvl3;
+using imaproc::color::LightnessImgLvl3;
 constexpr const char* g_variable = "KOVIS_MAX_INSTRUCTION_SET";
+
+/// The form of that name, which --isa gave, among those that an algorithm has kernels of. Throws ToolError for another one
+/// (misused), and for one that cannot run here.
+const KernelForm& getAvailableForm(const std::string& name, const std::vector<const char*>& names)
+{
+    if (std::find(names.begin(), names.end(), name) == names.end())
+    {
+        std::string list = names.front();
+        for (std::size_t i = 1; i < names.size(); ++i)
+            list += (i + 1 == names.size() ? " or " : ", ") + std::string(names[i]);
+        throw ToolError("--isa", "there is no instruction set '" + name + "'",
+                        "did you mean '" + findNearest(name, names.data(), names.size()) + "'? Take " + list, eMisused);
+    }
+    const KernelForm& form = *std::find_if(getKernelForms().begin(), getKernelForms().end(),
+                                           [&name](const KernelForm& known) { return name == known.name; });
+    if (!form.isAvailable())
+        throw ToolError("--isa", "this machine cannot run " + name, "see what it can run by kovis-color kernels");
+    return form;
+}
 } // namespace
 
 processor::InstructionSetsIdentifier KernelForm::getSets() const
@@ -37,27 +58,19 @@ const std::vector<KernelForm>& getKernelForms()
                                                     {"sse2", eInstructionSet::eIS_SSE2, eInstructionSet::eIS_SSE2},
                                                     {"avx", eInstructionSet::eIS_AVX, eInstructionSet::eIS_AVX},
                                                     {"avx2", eInstructionSet::eIS_AVX2, eInstructionSet::eIS_AVX2},
-                                                    {"fma3", eInstructionSet::eIS_FMA3, eInstructionSet::eIS_AVX2}};
+                                                    {"fma3", eInstructionSet::eIS_FMA3, eInstructionSet::eIS_AVX2},
+                                                    {"avx512", eInstructionSet::eIS_AVX512, eInstructionSet::eIS_AVX512}};
     return g_forms;
 }
 
-void forceKernelForm(const std::string& name)
+void forceConversionForm(const std::string& name)
 {
-    std::vector<const char*> names;
-    for (const KernelForm& form : getKernelForms())
-    {
-        if (name == form.name)
-        {
-            if (!form.isAvailable())
-                throw ToolError("--isa", "this machine cannot run " + name, "see what it can run by kovis-color kernels");
-            ColorConvertImgLvl3::forceInstructionSets(form.getSets());
-            return;
-        }
-        names.push_back(form.name);
-    }
-    throw ToolError("--isa", "there is no instruction set '" + name + "'",
-                    "did you mean '" + findNearest(name, names.data(), names.size()) + "'? Take generic, sse2, avx, avx2 or fma3",
-                    eMisused);
+    ColorConvertImgLvl3::forceInstructionSets(getAvailableForm(name, {"generic", "sse2", "avx", "avx2", "fma3"}).getSets());
+}
+
+void forceLightnessForm(const std::string& name)
+{
+    LightnessImgLvl3::forceInstructionSets(getAvailableForm(name, {"generic", "sse2", "avx", "avx2", "avx512"}).getSets());
 }
 
 KernelRow findConversionKernel(ElementType inputType, ElementType resultType)
@@ -81,7 +94,8 @@ KernelRow findConversionKernel(ElementType inputType, ElementType resultType)
 
 std::vector<std::pair<std::string, const processor::AlgorithmFunctionSelector*>> getKernelTables()
 {
-    return {{ColorConvertImgLvl3::getObjectNameStr(), &ColorConvertImgLvl3::retrieveFunctionSelector()}};
+    return {{ColorConvertImgLvl3::getObjectNameStr(), &ColorConvertImgLvl3::retrieveFunctionSelector()},
+            {LightnessImgLvl3::getObjectNameStr(), &LightnessImgLvl3::retrieveFunctionSelector()}};
 }
 
 void checkEnvironment()

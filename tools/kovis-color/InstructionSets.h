@@ -10,7 +10,7 @@
 
 namespace kovis::tool
 {
-/// A form of the kernels by its name on the command line: "generic", "sse2", "avx", "avx2", "fma3".
+/// A form of the kernels by its name on the command line: "generic", "sse2", "avx", "avx2", "fma3", "avx512".
 struct KernelForm
 {
     const char* name;
@@ -25,8 +25,10 @@ struct KernelForm
 /// All forms, the weakest first.
 const std::vector<KernelForm>& getKernelForms();
 
-/// Makes all conversions run that form. Throws ToolError for an unknown name (misused) and for a form that cannot run here.
-void forceKernelForm(const std::string& name);
+/// Makes all conversions, or lightness computations, run that form. Throws ToolError for a name that they have no kernels of
+/// (misused) and for a form that cannot run here.
+void forceConversionForm(const std::string& name);
+void forceLightnessForm(const std::string& name);
 
 /// A row of the conversion's kernel table.
 struct KernelRow

@@ -23,7 +23,6 @@ nlohmann::ordered_json makeAnswer()
     answer["gpu"] = core::isGpuSupportActivated();
     for (const KernelForm& form : getKernelForms())
         answer["available"][form.name] = form.isAvailable();
-    answer["available"]["avx512"] = core::isAvailable(eInstructionSet::eIS_AVX512);
     for (const auto& [name, selector] : getKernelTables())
     {
         nlohmann::ordered_json& rows = answer["rows"][name];
