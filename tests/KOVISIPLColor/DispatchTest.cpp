@@ -1,4 +1,5 @@
 #include "ColorTestImages.h"
+#include "SplitNames.h"
 
 #include "KOVIS/KOVISBaseProcessing/BaseProcessorDispatcher.h"
 #include "KOVIS/KOVISBaseProcessing/NoSplit.h"
@@ -15,33 +16,6 @@ namespace kovis::imaproc::color
 namespace
 {
 using namespace image;
-
-using DynamicSplits = std::vector<boost::shared_ptr<processor::BaseDynamicSplit>>;
-using StaticSplits = std::vector<boost::shared_ptr<processor::BaseStaticSplit>>;
-
-/// Defines the function at which a dispatcher's splits can be seen, in their order: nothing else shows it.
-template <class TDispatcher, class TSplits, TSplits TDispatcher::*Member>
-struct SplitsAccess
-{
-    friend const TSplits& getSplits(const TDispatcher& dispatcher) { return dispatcher.*Member; }
-};
-const DynamicSplits& getSplits(const processor::BaseDynamicProcessorDispatcher& dispatcher);
-const StaticSplits& getSplits(const processor::BaseStaticProcessorDispatcher& dispatcher);
-template struct SplitsAccess<processor::BaseDynamicProcessorDispatcher, DynamicSplits,
-                             &processor::BaseDynamicProcessorDispatcher::m_splits>;
-template struct SplitsAccess<processor::BaseStaticProcessorDispatcher, StaticSplits,
-                             &processor::BaseStaticProcessorDispatcher::m_splits>;
-
-template <class TDispatcher>
-std::vector<std::string> getSplitNames(const TDispatcher& dispatcher)
-{
-    std::vector<std::string> names;
-    for (const auto& split : getSplits(dispatcher))
-    {
-        names.push_back(split->getAttributeName());
-    }
-    return names;
-}
 
 /// Level 1 with its first step at hand.
 class FirstStep : public ColorConvertImgLvl1
@@ -84,7 +58,7 @@ TEST(ColorConvertImgLvl2, CutsItsImagesIntoStripsOfAllChannels)
     processor::setStripHeight(0);
 
     EXPECT_EQ(dispatcher->getNbPieces(), 3U); // 40 rows by 16
-    EXPECT_EQ(getSplitNames(*dispatcher),
+    EXPECT_EQ(test::getSplitNames(*dispatcher),
               (std::vector<std::string>{"InColorYStrip2d", "InColorConversionTransform", "OutColorYStrip2d"}));
 
     unsigned long nbExact = 0;
@@ -132,7 +106,7 @@ TEST(ColorConvertImgLvl1, CutsItsImagesIntoSlicesOfAllChannels)
     const auto dispatcher = boost::dynamic_pointer_cast<processor::BaseStaticProcessorDispatcher>(provider);
     ASSERT_TRUE(dispatcher);
     EXPECT_EQ(dispatcher->getProcessorName(), "ColorConvertImgLvl2");
-    EXPECT_EQ(getSplitNames(*dispatcher),
+    EXPECT_EQ(test::getSplitNames(*dispatcher),
               (std::vector<std::string>{"InSubColorImg2d", "InColorConversionTransform", "OutSubColorImg2d"}));
     ASSERT_EQ(dispatcher->getNbPieces(), 6U);
     for (int i = 0; i < 6; ++i)

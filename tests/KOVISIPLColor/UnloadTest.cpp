@@ -18,7 +18,8 @@ namespace kovis
 namespace
 {
 const char* const g_classes[] = {"kovis::imaproc::color::ColorConvertImgLvl1", "kovis::imaproc::color::ColorConvertImgLvl2",
-                                 "kovis::imaproc::color::ColorConvertImgLvl3"};
+                                 "kovis::imaproc::color::ColorConvertImgLvl3", "kovis::imaproc::color::LightnessImgLvl1",
+                                 "kovis::imaproc::color::LightnessImgLvl2",    "kovis::imaproc::color::LightnessImgLvl3"};
 const char* const g_domains[] = {"N5kovis7imaproc5color25eOutputInitializerMessage6domainE",
                                  "N5kovis7imaproc5color12eRuleMessage6domainE",
                                  "N5kovis7imaproc5color17eProcessorMessage6domainE"};
@@ -39,6 +40,7 @@ bool isMapped()
 
 using ImagePtr = boost::shared_ptr<image::BaseImage>;
 using Convert = ImagePtr (*)(const boost::shared_ptr<const image::BaseImage>&, const image::eColorGeometryType&);
+using Lightness = ImagePtr (*)(const boost::shared_ptr<const image::BaseImage>&);
 
 TEST(ColorModule, LeavesNothingBehindWhenItIsUnloaded)
 {
@@ -69,6 +71,10 @@ TEST(ColorModule, LeavesNothingBehindWhenItIsUnloaded)
             "_ZN5kovis7imaproc5color15colorConvertImgERKN5boost10shared_ptrIKNS_5image9BaseImageEEERKNS4_18eColorGeometryTypeE"));
         ASSERT_NE(convert, nullptr) << dlerror();
         out = convert(in, image::eCGT_HSV);
+        const auto lightness = reinterpret_cast<Lightness>(
+            dlsym(module, "_ZN5kovis7imaproc5color12lightnessImgERKN5boost10shared_ptrIKNS_5image9BaseImageEEE"));
+        ASSERT_NE(lightness, nullptr) << dlerror();
+        const ImagePtr light = lightness(in);
         ASSERT_EQ(dlclose(module), 0);
 
         ASSERT_FALSE(isMapped()) << i;
@@ -84,6 +90,7 @@ TEST(ColorModule, LeavesNothingBehindWhenItIsUnloaded)
         // what it made lives on
         EXPECT_EQ(out->getColorGeometryType(), image::eCGT_HSV);
         EXPECT_EQ(image::planeData<float>(out, 2)[5], 40.0F);
+        EXPECT_EQ(image::planeData<unsigned char>(light, 0)[5], 13);
         EXPECT_EQ(image::planeData<float>(image::getSlice2d(out, 0, 0), 2)[6], 0.0F);
     }
     out.reset();

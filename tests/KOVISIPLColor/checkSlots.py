@@ -8,8 +8,9 @@ import re
 import subprocess
 import sys
 
-PROCESSOR = "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/"
-SOURCE = "".join(f'#include "{PROCESSOR}{name}.h"\n' for name in ("ColorConvertImgLvl1", "ColorConvertImgLvl2", "ColorConvertImgLvl3")) + """
+PROCESSOR = "KOVISIPL/KOVISIPLColor/Processor/"
+ALGORITHMS = ("ColorConvertImg", "LightnessImg")
+SOURCE = "".join(f'#include "{PROCESSOR}{name}/{name}Lvl{level}.h"\n' for name in ALGORITHMS for level in (1, 2, 3)) + """
 #include "KOVIS/KOVISBaseProcessing/BaseProcessorDispatcher.h"
 #include "KOVIS/KOVISBaseProcessing/NoSplit.h"
 #include "KOVIS/KOVISImageProcessing/ImageSplit.h"
@@ -28,6 +29,10 @@ struct Instances
     StaticNoSplit<color::ColorConvertImgLvl2, attr::InColorConversionTransform> m_8;
     ImageYStripColor2dSplit<color::ColorConvertImgLvl3, kovis::image::BaseImage, attr::OutColorYStrip2d> m_9;
     DynamicNoSplit<color::ColorConvertImgLvl3, attr::InColorConversionTransform> m_10;
+    color::LightnessImgLvl1 m_11;
+    color::LightnessImgLvl2 m_12;
+    color::LightnessImgLvl3 m_13;
+    ImageYStrip2dSplit<color::LightnessImgLvl3, kovis::image::BaseImage, attr::OutLightYStrip2d> m_14;
 };
 // Clang tells only of tables that it has to write here; these have the bases' slots, but for the destructors.
 struct Derived1 : color::ColorConvertImgLvl1
@@ -36,11 +41,23 @@ struct Derived1 : color::ColorConvertImgLvl1
 struct Derived2 : TargetColorSpaceOutputInitializer
 {
 };
+struct Derived3 : color::LightnessImgLvl1
+{
+};
+struct Derived4 : color::LightnessImgLvl2
+{
+};
+struct Derived5 : color::LightnessImgLvl3
+{
+};
 void* make() { return new Instances; }
-void* makeDerived1() { return new Derived1; }
-void* makeDerived2() { return new Derived2; }
+template <class T> void* makeOne() { return new T; }
+void* (*const g_makers[])() = {makeOne<Derived1>, makeOne<Derived2>, makeOne<Derived3>, makeOne<Derived4>, makeOne<Derived5>};
+void* makeAt(int i) { return g_makers[i](); }
 """
-DERIVED = {"kovis::imaproc::color::ColorConvertImgLvl1": "Derived1", "TargetColorSpaceOutputInitializer": "Derived2"}
+DERIVED = {"kovis::imaproc::color::ColorConvertImgLvl1": "Derived1", "TargetColorSpaceOutputInitializer": "Derived2",
+           "kovis::imaproc::color::LightnessImgLvl1": "Derived3", "kovis::imaproc::color::LightnessImgLvl2": "Derived4",
+           "kovis::imaproc::color::LightnessImgLvl3": "Derived5"}
 
 
 def processor(name, run, cancel, kind, tail):
@@ -58,6 +75,19 @@ def async_tail(base, own):
     return [f"{base}::retrieveSequenceInfo", f"{base}::retrieveProvider", "BaseAsyncProcessor::preProcess", "BaseAsyncProcessor::postProcess"] + own
 
 
+def one_step(name):
+    return processor(name, "BaseAsyncProcessor", "BaseAsyncProcessor", "BaseAsync1Processor",
+                     async_tail("BaseAsync1Processor", [f"{name}::retrieveProvider"]))
+
+
+def algorithm(name):
+    return processor(
+        name, "BaseSyncProcessor", "BaseAction", "BaseSyncProcessor",
+        ["BaseProcessingAlgorithm::mainProcess", f"{name}::getFunctionSelector", f"{name}::getForcedInstructionSets",
+         f"{name}::getDataTypeIdColl", f"{name}::initDataParserColl", f"{name}::clearDataParserColl", "BaseProcessingAlgorithm::preProcess",
+         "BaseProcessingAlgorithm::postProcess", "BaseProcessingAlgorithm::getNoParseInfo"])
+
+
 ONE, TWO, THREE = "ColorConvertImgLvl1", "ColorConvertImgLvl2", "ColorConvertImgLvl3"
 DISPATCHER = ["*::~", "*::~", "BaseProcessorDispatcher::queryNextAction", "BaseProcessorDispatcher::hasPendingAction",
               "BaseProcessorDispatcher::notifyDerived", "*::clearDerived", "BaseActionProvider::requestCancellationDerived",
@@ -70,13 +100,11 @@ EXPECTED = {
     f"kovis::imaproc::color::{ONE}": processor(
         ONE, "BaseAsyncProcessor", "BaseAsyncProcessor", "BaseAsync3Processor",
         async_tail("BaseAsync3Processor", [f"{ONE}::retrieveFirstProvider", f"{ONE}::retrieveSecondProvider", f"{ONE}::retrieveThirdProvider"])),
-    f"kovis::imaproc::color::{TWO}": processor(
-        TWO, "BaseAsyncProcessor", "BaseAsyncProcessor", "BaseAsync1Processor", async_tail("BaseAsync1Processor", [f"{TWO}::retrieveProvider"])),
-    f"kovis::imaproc::color::{THREE}": processor(
-        THREE, "BaseSyncProcessor", "BaseAction", "BaseSyncProcessor",
-        ["BaseProcessingAlgorithm::mainProcess", f"{THREE}::getFunctionSelector", f"{THREE}::getForcedInstructionSets",
-         f"{THREE}::getDataTypeIdColl", f"{THREE}::initDataParserColl", f"{THREE}::clearDataParserColl", "BaseProcessingAlgorithm::preProcess",
-         "BaseProcessingAlgorithm::postProcess", "BaseProcessingAlgorithm::getNoParseInfo"]),
+    f"kovis::imaproc::color::{TWO}": one_step(TWO),
+    f"kovis::imaproc::color::{THREE}": algorithm(THREE),
+    "kovis::imaproc::color::LightnessImgLvl1": one_step("LightnessImgLvl1"),
+    "kovis::imaproc::color::LightnessImgLvl2": one_step("LightnessImgLvl2"),
+    "kovis::imaproc::color::LightnessImgLvl3": algorithm("LightnessImgLvl3"),
     INFO: [f"{INFO}::~", f"{INFO}::~", f"{CUSTOM}::isOutputInitNeeded", f"{INFO}::getImageBufferType", f"{FROM}::getImageBufferTypeVector",
            f"{FROM}::getSizeX", f"{FROM}::getSizeY", f"{FROM}::getVolumeGeometry", f"{INFO}::getColorGeometry", f"{FROM}::getTemporalGeometry",
            f"{CUSTOM}::getImageInitializerDistributionPolicy", f"{FROM}::hasInputImage", f"{FROM}::getInputImage"],
@@ -90,6 +118,9 @@ EXPECTED = {
         SPLIT + ["*::getSplitDynamicType", "*::processAttribute"],
     "kovis::imaproc::ImageYStripColor2dSplit<kovis::imaproc::color::ColorConvertImgLvl3, kovis::image::BaseImage, "
     "kovis::imaproc::attr::OutColorYStrip2d>":
+        SPLIT + ["*::getSplitDynamicType", "*::processAttribute", "*::getImageStripSplitType", "*::processAttribute"],
+    "kovis::imaproc::ImageYStrip2dSplit<kovis::imaproc::color::LightnessImgLvl3, kovis::image::BaseImage, "
+    "kovis::imaproc::attr::OutLightYStrip2d>":
         SPLIT + ["*::getSplitDynamicType", "*::processAttribute", "*::getImageStripSplitType", "*::processAttribute"],
 }
 
