@@ -28,6 +28,10 @@ constexpr MessageText g_splitTexts[] = {
     {eImageSplitMessage::eISM_NotOneChannel,
      "the split of attribute %s cuts images of one channel only, and was given image [%s]"},
     {eImageSplitMessage::eISM_Border, "strips with a border are not made: pass false"},
+    {eImageSplitMessage::eISM_NotGpuImage,
+     "the split of attribute %s hands on images of the GPU only, and was given image [%s]: upload it first"},
+    {eImageSplitMessage::eISM_UnknownGpuCut,
+     "the split of attribute %s knows no cut of split type %d: images on a GPU are handed on whole, by type 7"},
 };
 
 constexpr MessageText g_initializerTexts[] = {

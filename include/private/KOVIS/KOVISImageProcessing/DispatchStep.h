@@ -3,6 +3,7 @@
 #include "KOVIS/KOVISBaseProcessing/BaseProcessorDispatcher.h"
 #include "KOVIS/KOVISBaseProcessing/NoSplit.h"
 #include "KOVIS/KOVISBaseProcessing/RetrievalResult.h"
+#include "KOVIS/KOVISImageProcessing/CudaSubImageSplit.h"
 #include "KOVIS/KOVISImageProcessing/ImageSplit.h"
 
 #include <boost/make_shared.hpp>
@@ -82,6 +83,18 @@ public:
     void addValue(const typename TAttribute::StorageType& value)
     {
         this->m_splits.push_back(processor::staticNoSplit<TProcessor, TAttribute>(value));
+    }
+};
+
+/// A whole image on the GPU, for one TProcessor.
+template <class TProcessor>
+class CudaImageStep : public DispatchStep<processor::StaticProcessorDispatcher<TProcessor>, processor::BaseStaticSplit>
+{
+public:
+    template <class TAttribute>
+    void addImage(const typename TAttribute::StorageType& image)
+    {
+        this->template addImageSplit<CudaSubImageSplit<TProcessor, TAttribute>>(eSIST_WholeOnGpu, image);
     }
 };
 

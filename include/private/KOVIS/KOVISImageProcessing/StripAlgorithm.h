@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KOVIS/KOVISImageProcessing/ImageBufferTypeIdentifier.h"
+#include "KOVIS/KOVISImageProcessing/BufferTypeKeys.h"
 #include "KOVIS/KOVISImageProcessing/StripParserInfo.h"
 
 #include <boost/shared_ptr.hpp>
@@ -15,9 +15,7 @@ namespace kovis::imaproc
 /// An attribute's part of the key that the selector is asked with.
 inline ImageBufferTypeIdentifier getTypeIdentifier(const BaseStripAttribute& attribute)
 {
-    ImageBufferTypeIdentifier identifier;
-    identifier.init(attribute.getImageBufferType());
-    return identifier;
+    return getTypeIdentifier(attribute.getImageBufferType());
 }
 
 /// Makes the parser of a strip attribute, if there is an attribute, keeps it in the class's member and adds it to the collection.

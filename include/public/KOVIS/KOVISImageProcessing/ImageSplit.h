@@ -76,10 +76,11 @@ private:
 extern template class KOVISIMAGEPROCESSING_EXPORT BaseSubImageSplit<boost::shared_ptr<const image::BaseImage>>;
 extern template class KOVISIMAGEPROCESSING_EXPORT BaseSubImageSplit<boost::shared_ptr<image::BaseImage>>;
 
-/// Gives each processor its sub-image.
-template <class TProcessor, class TAttribute>
-class SubImageSplit
-    : public processor::detail::BoundSplit<BaseSubImageSplit<typename TAttribute::StorageType>, TProcessor, TAttribute>
+namespace detail
+{
+/// Gives each processor the piece that the base's getSubImage has for its index.
+template <class TBase, class TProcessor, class TAttribute>
+class PieceSplit : public processor::detail::BoundSplit<TBase, TProcessor, TAttribute>
 {
 public:
     BoolResult processAttribute(processor::BaseProcessor& processor, unsigned int index, const core::BaseRequestOrigin&) override
@@ -92,6 +93,13 @@ public:
         }
         return this->setAttribute(processor, subImage);
     }
+};
+} // namespace detail
+
+/// Gives each processor its sub-image.
+template <class TProcessor, class TAttribute>
+class SubImageSplit : public detail::PieceSplit<BaseSubImageSplit<typename TAttribute::StorageType>, TProcessor, TAttribute>
+{
 };
 
 /// Cuts a 2D image into Y strips. TImage is BaseImage or const BaseImage, TStrip the strip class of that side.

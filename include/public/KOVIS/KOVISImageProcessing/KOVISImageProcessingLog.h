@@ -36,7 +36,9 @@ struct eImageSplitMessage
         eISM_NotInitialised = 5,  ///< attribute
         eISM_Not2d = 6,           ///< attribute, image
         eISM_NotOneChannel = 7,   ///< attribute, image
-        eISM_Border = 8           ///< nothing
+        eISM_Border = 8,          ///< nothing
+        eISM_NotGpuImage = 9,     ///< attribute, image
+        eISM_UnknownGpuCut = 10   ///< attribute, the number of the split type
     };
 };
 

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "KOVIS/KOVISImageProcessing/BaseImageAttribute.h"
+#include "KOVISIPL/KOVISIPLAttributes/DeclareAttribute.h"
+#include "KOVISIPL/KOVISIPLAttributes/KOVISIPLAttributesExport.h"
+
+namespace kovis::imaproc::attr
+{
+/// The second of two images on a GPU that are read.
+class KOVISIPLATTRIBUTES_EXPORT InSubGpuImg2 : public BaseInputImageAttribute
+{
+    KOVIS_DECLARE_ATTRIBUTE(InSubGpuImg2);
+};
+} // namespace kovis::imaproc::attr
