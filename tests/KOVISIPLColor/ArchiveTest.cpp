@@ -51,7 +51,10 @@ class Writer : public BaseOArchive
 public:
     void beginSection(const std::string& name) override { m_log.push_back("begin " + name); }
     void endSection() override { m_log.push_back("end"); }
-    void writeItem(const std::string& key, unsigned int value) override { m_log.push_back(key + " " + std::to_string(value)); }
+    void writeItem(const std::string& key, const ArchiveValue& value) override
+    {
+        m_log.push_back(key + " " + std::to_string(std::get<unsigned int>(value)));
+    }
     Log m_log;
 };
 
@@ -61,7 +64,7 @@ public:
     explicit Reader(unsigned int version) : m_version(version) {}
     void beginSection(const std::string& name) override { m_log.push_back("begin " + name); }
     void endSection() override { m_log.push_back("end"); }
-    void readItem(const std::string& key, unsigned int& value) override
+    void readItem(const std::string& key, ArchiveValue& value) override
     {
         m_log.push_back(key);
         value = m_version;

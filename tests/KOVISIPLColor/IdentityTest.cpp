@@ -1,10 +1,12 @@
 #include "KOVIS/KOVISBaseProcessing/KOVISBaseProcessingLog.h"
 #include "KOVIS/KOVISBaseProcessing/ProcessorFactory.h"
-#include "KOVIS/KOVISSerialization/BaseArchive.h"
 #include "KOVIS/KOVISUtil/DynamicObjectFactory.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl1.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl2.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImgLvl1.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImgLvl2.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImgLvl3.h"
 #include "support/RecordingAppender.h"
 
 #include <gtest/gtest.h>
@@ -21,6 +23,7 @@ template <>
 struct Expected<ColorConvertImgLvl1>
 {
     static constexpr const char* g_name = "ColorConvertImgLvl1";
+    static constexpr const char* g_folder = "ColorConvertImg";
     static constexpr const char* g_toolTip = "Level 1 algorithm: convert a color image from a given color space to an other";
     static std::vector<std::string> getAttributes()
     {
@@ -32,6 +35,7 @@ template <>
 struct Expected<ColorConvertImgLvl2>
 {
     static constexpr const char* g_name = "ColorConvertImgLvl2";
+    static constexpr const char* g_folder = "ColorConvertImg";
     static constexpr const char* g_toolTip = "Level 2 algorithm: convert a color image from a given color space to an other";
     static std::vector<std::string> getAttributes()
     {
@@ -46,6 +50,7 @@ template <>
 struct Expected<ColorConvertImgLvl3>
 {
     static constexpr const char* g_name = "ColorConvertImgLvl3";
+    static constexpr const char* g_folder = "ColorConvertImg";
     static constexpr const char* g_toolTip = "Level 3 algorithm: convert a color image from a given color space to an other";
     static std::vector<std::string> getAttributes()
     {
@@ -56,15 +61,38 @@ struct Expected<ColorConvertImgLvl3>
         processor.set<attr::InColorYStrip2d>(attr::InColorYStrip2d::StorageType());
     }
 };
-
-/// An archive that takes and gives nothing.
-class EmptyArchive : public BaseOArchive
+template <>
+struct Expected<LightnessImgLvl1>
 {
-public:
-    void beginSection(const std::string&) override { ++m_nbSections; }
-    void endSection() override {}
-    void writeItem(const std::string&, unsigned int) override {}
-    int m_nbSections = 0;
+    static constexpr const char* g_name = "LightnessImgLvl1";
+    static constexpr const char* g_folder = "LightnessImg";
+    static constexpr const char* g_toolTip = "Level 1 algorithm: <em>lightness computation</em> from an input RGB color image";
+    static std::vector<std::string> getAttributes() { return {"InColorImg", "InLightnessType", "OutLightImg"}; }
+    static void setOne(LightnessImgLvl1& processor) { processor.set<attr::InColorImg>(attr::InColorImg::StorageType()); }
+};
+template <>
+struct Expected<LightnessImgLvl2>
+{
+    static constexpr const char* g_name = "LightnessImgLvl2";
+    static constexpr const char* g_folder = "LightnessImg";
+    static constexpr const char* g_toolTip = "Level 2 algorithm: <em>lightness computation</em> from an input RGB color image";
+    static std::vector<std::string> getAttributes() { return {"InSubColorImg2d", "InLightnessType", "OutLightImg"}; }
+    static void setOne(LightnessImgLvl2& processor)
+    {
+        processor.set<attr::InSubColorImg2d>(attr::InSubColorImg2d::StorageType());
+    }
+};
+template <>
+struct Expected<LightnessImgLvl3>
+{
+    static constexpr const char* g_name = "LightnessImgLvl3";
+    static constexpr const char* g_folder = "LightnessImg";
+    static constexpr const char* g_toolTip = "Level 3 algorithm: <em>lightness computation</em> from an input RGB color image";
+    static std::vector<std::string> getAttributes() { return {"InColorYStrip2d", "InLightnessType", "OutLightYStrip2d"}; }
+    static void setOne(LightnessImgLvl3& processor)
+    {
+        processor.set<attr::InColorYStrip2d>(attr::InColorYStrip2d::StorageType());
+    }
 };
 
 template <class TException, class TCall>
@@ -96,9 +124,10 @@ class ColorProcessor : public testing::Test
 protected:
     const std::string m_name = Expected<T>::g_name;
     const std::string m_typeName = "kovis::imaproc::color::" + m_name;
-    const std::string m_source = "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/" + m_name;
+    const std::string m_source = std::string("KOVISIPL/KOVISIPLColor/Processor/") + Expected<T>::g_folder + "/" + m_name;
 };
-using Classes = testing::Types<ColorConvertImgLvl1, ColorConvertImgLvl2, ColorConvertImgLvl3>;
+using Classes = testing::Types<ColorConvertImgLvl1, ColorConvertImgLvl2, ColorConvertImgLvl3, LightnessImgLvl1, LightnessImgLvl2,
+                               LightnessImgLvl3>;
 TYPED_TEST_SUITE(ColorProcessor, Classes);
 
 TYPED_TEST(ColorProcessor, TellsItsIdentity)
@@ -213,22 +242,20 @@ TYPED_TEST(ColorProcessor, NeverCopies)
     EXPECT_EQ(function, "virtual kovis::DynamicObjectPtr " + this->m_typeName + "::duplicateShared() const");
 }
 
-TYPED_TEST(ColorProcessor, CarriesTheBasesRefusalToBeArchived)
-{
-    TypeParam processor;
-    EmptyArchive archive;
-    const BoolResult result = processor.write(archive);
-    EXPECT_FALSE(result);
-    EXPECT_FALSE(result.getMessage().empty());
-    EXPECT_EQ(archive.m_nbSections, 0);
-}
-
 TEST(ColorConvertImgLvl1, RefusesItsOutputBeforeInit)
 {
     ColorConvertImgLvl1 processor;
     EXPECT_THROW(processor.getStorage<attr::OutColorImg>(), processor::KOVISBaseProcessingException);
     ASSERT_TRUE(processor.init());
     EXPECT_FALSE(processor.getStorage<attr::OutColorImg>());
+}
+
+TEST(LightnessImgLvl1, RefusesItsOutputBeforeInit)
+{
+    LightnessImgLvl1 processor;
+    EXPECT_THROW(processor.getStorage<attr::OutLightImg>(), processor::KOVISBaseProcessingException);
+    ASSERT_TRUE(processor.init());
+    EXPECT_FALSE(processor.getStorage<attr::OutLightImg>());
 }
 
 TEST(ColorConvertImgLvl1, LeavesTheWorkingImageOptional)
@@ -241,16 +268,23 @@ TEST(ColorConvertImgLvl1, LeavesTheWorkingImageOptional)
     EXPECT_FALSE(processor.getAttribute("InColorImg")->isOutput());
 }
 
-TEST(ColorConvertImgLvl3, KeepsForcedInstructionSetsUntilReleased)
+template <class T>
+void expectForcedSetsAreKept()
 {
     processor::InstructionSetsIdentifier sets;
     sets.init(eInstructionSet::eIS_SSE2, eInstructionSet::eIS_SSE2);
-    EXPECT_TRUE(ColorConvertImgLvl3::accessForcedInstructionSets().isEmpty());
-    ColorConvertImgLvl3::forceInstructionSets(sets);
-    EXPECT_EQ(ColorConvertImgLvl3::retrieveForcedInstructionSets(), sets);
-    ColorConvertImgLvl3::releaseForcedInstructionSets();
-    EXPECT_TRUE(ColorConvertImgLvl3::accessForcedInstructionSets().isEmpty());
-    EXPECT_EQ(&ColorConvertImgLvl3::accessFunctionSelector(), &ColorConvertImgLvl3::retrieveFunctionSelector());
+    EXPECT_TRUE(T::accessForcedInstructionSets().isEmpty());
+    T::forceInstructionSets(sets);
+    EXPECT_EQ(T::retrieveForcedInstructionSets(), sets);
+    T::releaseForcedInstructionSets();
+    EXPECT_TRUE(T::accessForcedInstructionSets().isEmpty());
+    EXPECT_EQ(&T::accessFunctionSelector(), &T::retrieveFunctionSelector());
+}
+
+TEST(ColorProcessors, KeepForcedInstructionSetsUntilReleased)
+{
+    expectForcedSetsAreKept<ColorConvertImgLvl3>();
+    expectForcedSetsAreKept<LightnessImgLvl3>();
 }
 } // namespace
 } // namespace kovis::imaproc::color

@@ -26,7 +26,10 @@ public:
             throw std::runtime_error("disk full");
         }
     }
-    void writeItem(const std::string& key, unsigned int value) override { m_lines.push_back(key + "=" + std::to_string(value)); }
+    void writeItem(const std::string& key, const ArchiveValue& value) override
+    {
+        m_lines.push_back(key + "=" + std::to_string(std::get<unsigned int>(value)));
+    }
 
     std::vector<std::string> m_lines;
     bool m_bFailAtEnd = false;
@@ -37,10 +40,10 @@ class ConstantIArchive : public BaseIArchive
 public:
     void beginSection(const std::string&) override {}
     void endSection() override {}
-    void readItem(const std::string& key, unsigned int& value) override
+    void readItem(const std::string& key, ArchiveValue& value) override
     {
         m_key = key;
-        value = 7;
+        value = 7U;
     }
 
     std::string m_key;
@@ -135,6 +138,6 @@ TEST(SerializationMessages, number25TakesTwoNumbersAndAName)
     EXPECT_EQ(1u, recording.getEvents().size());
     EXPECT_EQ("KOVIS.KOVISSerialization", getKOVISSerializationLogger().getName());
     EXPECT_EQ("KOVISSerialization", getKOVISSerializationLogMessageManager().getName());
-    EXPECT_EQ(3ul, getKOVISSerializationLogMessageManager().getNbMessages("N5kovis26eKOVISSerializationMessage6domainE"));
+    EXPECT_EQ(16ul, getKOVISSerializationLogMessageManager().getNbMessages("N5kovis26eKOVISSerializationMessage6domainE"));
 }
 } // namespace kovis

@@ -3,4 +3,8 @@
 namespace kovis
 {
 BaseDataItemNode::~BaseDataItemNode() = default;
+
+void BaseDataItemNode::write(BaseOArchive&) const {}
+
+void BaseDataItemNode::read(BaseIArchive&) {}
 } // namespace kovis

@@ -2,6 +2,8 @@
 
 #include "KOVIS/KOVISBaseProcessing/ProcessingMessages.h"
 #include "KOVIS/KOVISCore/Scheduler.h"
+#include "KOVIS/KOVISSerialization/BaseArchive.h"
+#include "KOVIS/KOVISSerialization/SerializationItem.h"
 
 #include <utility>
 
@@ -11,6 +13,12 @@ namespace
 {
 using AttributeColl = std::vector<boost::shared_ptr<BaseAttribute>>;
 using InitializerMap = std::map<std::string, boost::shared_ptr<BaseOutputInitializer>>;
+
+// Of what an archive keeps.
+constexpr const char* g_archiveSection = "kovis::processor::BaseProcessor";
+constexpr const char* g_classKey = "class";
+constexpr const char* g_initialisedKey = "initialised";
+constexpr const char* g_rulesKey = "rules";
 
 boost::shared_ptr<BaseAttribute> findAttribute(const AttributeColl& attributes, const std::string& name)
 {
@@ -88,6 +96,7 @@ BoolResult BaseProcessor::init(eProcessorRulePolicy rulePolicy)
     m_outputInitializers = std::move(initializers);
     m_dispatchPolicy = dispatchPolicy;
     m_rule = std::move(rule);
+    m_rulePolicy = rulePolicy;
     m_bInitialised = true;
     return result;
 }
@@ -108,14 +117,49 @@ std::vector<std::string> BaseProcessor::getAttributeNameColl() const
     return names;
 }
 
-BoolResult BaseProcessor::write(BaseOArchive&) const
+BoolResult BaseProcessor::write(BaseOArchive& archive) const
 {
-    return BoolResult(false, processingText(eProcessorMessage::ePM_NoPersistence, getObjectName()));
+    const ArchiveSectionManager section(archive, g_archiveSection);
+    const bool bRules = m_rulePolicy != ePRP_NoRules;
+    archive << SerializationOItem<std::string>{g_classKey, &getClassName()}
+            << SerializationOItem<bool>{g_initialisedKey, &m_bInitialised} << SerializationOItem<bool>{g_rulesKey, &bRules};
+    for (const auto& attribute : m_attributes)
+    {
+        if (attribute->isArchivable())
+        {
+            const ArchiveSectionManager attributeSection(archive, attribute->getObjectName());
+            attribute->writeValue(archive);
+        }
+    }
+    return BoolResult(true);
 }
 
-BoolResult BaseProcessor::read(BaseIArchive&)
+BoolResult BaseProcessor::read(BaseIArchive& archive)
 {
-    return BoolResult(false, processingText(eProcessorMessage::ePM_NoPersistence, getObjectName()));
+    const ArchiveSectionManager section(archive, g_archiveSection);
+    std::string className;
+    bool bInitialised = false;
+    bool bRules = true;
+    archive >> SerializationIItem<std::string>{g_classKey, &className};
+    if (className != getClassName())
+    {
+        archive.refuseItem(g_classKey, processingText(eProcessorMessage::ePM_OtherClass, className, getClassName()));
+    }
+    archive >> SerializationIItem<bool>{g_initialisedKey, &bInitialised} >> SerializationIItem<bool>{g_rulesKey, &bRules};
+    const BoolResult result = init(bRules ? ePRP_Rules : ePRP_NoRules);
+    if (!result || !bInitialised) // who was not initialised had no values
+    {
+        return result;
+    }
+    for (const auto& attribute : m_attributes)
+    {
+        if (attribute->isArchivable())
+        {
+            const ArchiveSectionManager attributeSection(archive, attribute->getObjectName());
+            attribute->readValue(archive);
+        }
+    }
+    return result;
 }
 
 void BaseProcessor::globalCleanDerived()

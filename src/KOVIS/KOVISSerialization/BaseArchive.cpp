@@ -1,7 +1,6 @@
 #include "KOVIS/KOVISSerialization/BaseArchive.h"
 
-#include "KOVIS/KOVISSerialization/KOVISSerializationLog.h"
-#include "KOVIS/KOVISUtil/ThrowMessage.h"
+#include "KOVIS/KOVISSerialization/SerializationMessages.h"
 
 namespace kovis
 {
@@ -29,6 +28,19 @@ BaseOArchive::~BaseOArchive() = default;
 
 BaseIArchive::BaseIArchive() = default;
 BaseIArchive::~BaseIArchive() = default;
+
+std::string BaseIArchive::getPlace(const std::string& key) const
+{
+    return "key \"" + key + "\"";
+}
+
+void BaseIArchive::refuseItem(const std::string& key, const std::string& reason) const
+{
+    throwSerializationMessage(eKOVISSerializationMessage::eSM_Refused,
+                              SourcePlace{"void kovis::BaseIArchive::refuseItem(const std::string&, const std::string&) const",
+                                          "KOVIS/KOVISSerialization/BaseArchive", __LINE__},
+                              getPlace(key), reason);
+}
 
 ArchiveSectionManager::ArchiveSectionManager(BaseArchive& archive, const std::string& sectionName) : m_archive(archive)
 {

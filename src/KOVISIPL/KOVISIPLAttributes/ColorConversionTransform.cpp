@@ -7,6 +7,16 @@ namespace kovis::imaproc::attr
 ColorConversionTransform::ColorConversionTransform() : m_target("target", image::eCGT_Grey), m_matrix("matrix") {}
 ColorConversionTransform::~ColorConversionTransform() = default;
 
+void ColorConversionTransform::write(BaseOArchive& archive) const
+{
+    archive << m_target << m_matrix;
+}
+
+void ColorConversionTransform::read(BaseIArchive& archive)
+{
+    archive >> m_target >> m_matrix;
+}
+
 image::eColorGeometryType ColorConversionTransform::getTargetGeometry() const
 {
     return image::toColorGeometryType(m_target.getValue());

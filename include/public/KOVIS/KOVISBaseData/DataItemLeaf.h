@@ -1,5 +1,7 @@
 #pragma once
 
+#include "KOVIS/KOVISSerialization/SerializationItem.h"
+
 #include <string>
 #include <utility>
 
@@ -21,4 +23,16 @@ private:
     std::string m_name;
     T m_value;
 };
+
+template <class T>
+BaseOArchive& operator<<(BaseOArchive& archive, const DataItemLeaf<T>& leaf)
+{
+    return archive << SerializationOItem<T>{leaf.getName(), &leaf.getValue()};
+}
+
+template <class T>
+BaseIArchive& operator>>(BaseIArchive& archive, DataItemLeaf<T>& leaf)
+{
+    return archive >> SerializationIItem<T>{leaf.getName(), &leaf.accessValue()};
+}
 } // namespace kovis

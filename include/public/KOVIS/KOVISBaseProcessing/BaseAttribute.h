@@ -7,6 +7,12 @@
 
 #include <string>
 
+namespace kovis
+{
+class BaseOArchive;
+class BaseIArchive;
+} // namespace kovis
+
 namespace kovis::processor
 {
 /// What kind of thing an attribute belongs to.
@@ -34,6 +40,15 @@ public:
     virtual bool isUsable() const = 0;
     /// Drops the value.
     virtual void clear() = 0;
+
+    /// Whether an archive keeps the value: plain data that a run is given. Images, strips and results are not kept; false here.
+    virtual bool isArchivable() const;
+    /// Writes the value into the open section, with whether there is one. Throws what the archive throws. Nothing is written
+    /// here.
+    virtual void writeValue(BaseOArchive& archive) const;
+    /// Reads what writeValue wrote; the value is dropped where there was none. Throws what the archive throws, and leaves the
+    /// value then as it was.
+    virtual void readValue(BaseIArchive& archive);
 
     /// Grows whenever a value is given or dropped: who made a value can tell whether it is still there.
     unsigned long getNbChanges() const

@@ -57,8 +57,13 @@ public:
     const boost::shared_ptr<BaseRule>& getRule() const { return m_rule; }
     const ProcessorDispatchPolicy& getDispatchPolicy() const { return m_dispatchPolicy; }
 
-    /// False, with a message: the archives' bases do not keep attribute values yet.
+    /// Writes a section with the class, the rule policy and, within it, a section for each attribute whose value an archive
+    /// keeps. Always true. Throws what the archive throws. A processor that is not initialised has no values.
     BoolResult write(BaseOArchive& archive) const override;
+    /// Initialises the processor with the rule policy that was written, and gives its attributes the values that were; the
+    /// others, images above all, are not set. False, with a message, where init gives that. Throws KOVISSerializationException
+    /// for the section of another class, and what the archive throws; the processor is then not to be used before another init or
+    /// read.
     BoolResult read(BaseIArchive& archive) override;
 
 protected:
@@ -107,6 +112,7 @@ private:
 
     std::vector<MadeOutput> m_madeOutputs;
     bool m_bInitialised = false;
+    eProcessorRulePolicy m_rulePolicy = ePRP_Rules;
 };
 
 /// Runs a processor to the end, on the calling thread and the workers. Throws what the run failed with (see

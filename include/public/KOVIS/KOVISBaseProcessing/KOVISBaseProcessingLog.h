@@ -27,7 +27,7 @@ struct eProcessorMessage
         ePM_OutputNotSet = 7,         ///< attribute, processor
         ePM_OutputNotMade = 8,        ///< attribute, processor
         ePM_RuleRefused = 9,          ///< processor
-        ePM_NoPersistence = 10,       ///< processor
+        ePM_OtherClass = 10,          ///< class that was written, class that reads
         ePM_NullProcessor = 11,       ///< nothing
         ePM_NoProvider = 12,          ///< step, number of steps, processor
         ePM_UnknownStatus = 13,       ///< step, number of steps, processor, status

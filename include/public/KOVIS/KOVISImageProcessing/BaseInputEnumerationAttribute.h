@@ -1,6 +1,8 @@
 #pragma once
 
+#include "KOVIS/KOVISBaseProcessing/archiveIsSet.h"
 #include "KOVIS/KOVISImageProcessing/BaseImageAttribute.h"
+#include "KOVIS/KOVISSerialization/SerializationItem.h"
 
 namespace kovis::imaproc
 {
@@ -35,6 +37,33 @@ public:
         return m_bInitialised;
     }
     bool isUsable() const override { return isInitialised(); }
+    bool isArchivable() const override { return true; }
+    void writeValue(BaseOArchive& archive) const override
+    {
+        int value = 0;
+        bool bSet = false;
+        {
+            const boost::mutex::scoped_lock lock(this->m_mutex);
+            value = m_value;
+            bSet = m_bInitialised;
+        }
+        if (processor::writeIsSet(archive, bSet))
+        {
+            archive << SerializationOItem<int>{"value", &value};
+        }
+    }
+    /// The number is taken as it stands, as setValue takes any.
+    void readValue(BaseIArchive& archive) override
+    {
+        if (!processor::readIsSet(archive))
+        {
+            this->clear();
+            return;
+        }
+        int value = 0;
+        archive >> SerializationIItem<int>{"value", &value};
+        setValue(static_cast<T>(value));
+    }
     void clear() override
     {
         const boost::mutex::scoped_lock lock(this->m_mutex);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KOVIS/KOVISSerialization/ArchiveValue.h"
 #include "KOVIS/KOVISSerialization/KOVISSerializationExport.h"
 
 #include <map>
@@ -38,19 +39,28 @@ class KOVISSERIALIZATION_EXPORT BaseOArchive : public BaseArchive
 public:
     ~BaseOArchive() override;
 
-    virtual void writeItem(const std::string& key, unsigned int value) = 0;
+    /// Writes a value into the open section. A key stands once in a section.
+    virtual void writeItem(const std::string& key, const ArchiveValue& value) = 0;
 
 protected:
     BaseOArchive();
 };
 
-/// The reading direction. An item that is missing or of another kind throws KOVISSerializationException with section and key.
+/// The reading direction. Sections are read in the order in which they were written, items of a section in any order. A section
+/// or item that is missing, of another kind or out of its kind's range throws KOVISSerializationException with section and key.
 class KOVISSERIALIZATION_EXPORT BaseIArchive : public BaseArchive
 {
 public:
     ~BaseIArchive() override;
 
-    virtual void readItem(const std::string& key, unsigned int& value) = 0;
+    /// Reads a value of the open section. The kind that is wanted is the one that `value` holds on entry.
+    virtual void readItem(const std::string& key, ArchiveValue& value) = 0;
+
+    /// Where that key of the open section stands, for messages: section "...", key "...".
+    virtual std::string getPlace(const std::string& key) const;
+
+    /// Throws KOVISSerializationException for a value that was read and cannot be used: names the place and the reason.
+    [[noreturn]] void refuseItem(const std::string& key, const std::string& reason) const;
 
 protected:
     BaseIArchive();

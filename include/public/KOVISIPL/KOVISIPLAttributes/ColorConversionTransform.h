@@ -30,6 +30,9 @@ public:
     const std::vector<float>& getMatrix() const { return m_matrix.getValue(); }
     void setMatrix(std::vector<float> matrix) { m_matrix.setValue(std::move(matrix)); }
 
+    void write(BaseOArchive& archive) const override;
+    void read(BaseIArchive& archive) override;
+
 private:
     DataItemLeaf<int> m_target;
     DataItemLeaf<std::vector<float>> m_matrix;

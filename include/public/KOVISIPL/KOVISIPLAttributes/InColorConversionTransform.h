@@ -20,6 +20,10 @@ class KOVISIPLATTRIBUTES_EXPORT InColorConversionTransform
 
     void init(const StorageType& transform) { setPointer(transform); }
     StorageType getStorage() const { return getPointer(); }
+    bool isArchivable() const override { return true; }
+    /// A null pointer is written as no value.
+    void writeValue(BaseOArchive& archive) const override;
+    void readValue(BaseIArchive& archive) override;
     boost::shared_ptr<const BaseDataItemNode> accessDataItemNodePtr() const override;
     /// The transform, which lives as long as the attribute holds it. Throws KOVISBaseProcessingException, with the attribute's
     /// name, if there is none.
