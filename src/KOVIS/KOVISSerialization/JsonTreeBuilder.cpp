@@ -104,15 +104,14 @@ bool JsonTreeBuilder::keep(JsonValue&& value)
     return true;
 }
 
-void JsonTreeBuilder::appendNumber(double number, const std::string& text)
+void JsonTreeBuilder::appendNumber(bool bFits, float value, const std::string& shown)
 {
     count(m_nbNumbers, m_limits.m_maxNumbers, "numbers in lists");
-    float value = 0.0F;
-    if (text.empty() ? !toFloat(number, value) : !fromSpecialText(text, value))
+    if (!bFits)
     {
         throwSerializationMessage(eKOVISSerializationMessage::eSM_OutOfRange,
-                                  KOVIS_HERE("void kovis::json::JsonTreeBuilder::appendNumber(double, const std::string&)"),
-                                  describe(), text.empty() ? std::to_string(number) : quote(text), "a float of a list");
+                                  KOVIS_HERE("void kovis::json::JsonTreeBuilder::appendNumber(bool, float, const std::string&)"),
+                                  describe(), shown, "a float of a list");
     }
     m_pList->push_back(value);
 }
@@ -123,7 +122,9 @@ bool JsonTreeBuilder::takeNumber(double number, JsonValue&& value)
     {
         return keep(std::move(value));
     }
-    appendNumber(number, std::string());
+    float element = 0.0F;
+    const bool bFits = toFloat(number, element);
+    appendNumber(bFits, element, bFits ? std::string() : std::to_string(number));
     return true;
 }
 
@@ -158,7 +159,9 @@ bool JsonTreeBuilder::string(std::string& value)
     checkLength(value);
     if (getPlace() == Place::list)
     {
-        appendNumber(0.0, value.empty() ? " " : value);
+        float element = 0.0F;
+        const bool bFits = fromSpecialText(value, element);
+        appendNumber(bFits, element, quote(value));
         return true;
     }
     if (getPlace() == Place::section && m_key == g_sectionKey)

@@ -70,7 +70,7 @@ private:
     void checkLength(const std::string& text) const;
     /// Keeps a value of an item. False outside the items.
     bool keep(JsonValue&& value);
-    void appendNumber(double number, const std::string& text);
+    void appendNumber(bool bFits, float value, const std::string& shown);
     bool takeNumber(double number, JsonValue&& value);
 
     const JsonArchiveLimits m_limits;

@@ -1,0 +1,323 @@
+#include "KOVIS/KOVISSerialization/JsonIArchive.h"
+#include "KOVIS/KOVISSerialization/JsonOArchive.h"
+#include "KOVIS/KOVISSerialization/KOVISSerializationLog.h"
+#include "KOVIS/KOVISSerialization/SerializationItem.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cfenv>
+#include <cstdint>
+#include <functional>
+#include <limits>
+#include <random>
+#include <sstream>
+#include <vector>
+
+namespace kovis
+{
+namespace
+{
+std::string write(const std::function<void(JsonOArchive&)>& fill)
+{
+    std::ostringstream stream;
+    JsonOArchive archive(stream);
+    fill(archive);
+    archive.finish();
+    return stream.str();
+}
+
+template <class T>
+std::string writeValue(const T& value)
+{
+    return write(
+        [&value](JsonOArchive& archive)
+        {
+            const ArchiveSectionManager section(archive, "s");
+            archive << SerializationOItem<T>{"k", &value};
+        });
+}
+
+/// The item "k" of the first section.
+template <class T>
+T readValue(const std::string& text)
+{
+    std::istringstream stream(text);
+    JsonIArchive archive(stream);
+    const ArchiveSectionManager section(archive, archive.getNextSectionName());
+    T value{};
+    archive >> SerializationIItem<T>{"k", &value};
+    return value;
+}
+
+template <class T>
+T passThrough(const T& value)
+{
+    return readValue<T>(writeValue(value));
+}
+
+std::string makeItem(const std::string& value)
+{
+    return "[{\"section\": \"s\", \"items\": {\"k\": " + value + "}}]";
+}
+
+std::uint32_t bits(float value)
+{
+    return std::bit_cast<std::uint32_t>(value);
+}
+
+const std::vector<float>& getSpecialFloats()
+{
+    using Limits = std::numeric_limits<float>;
+    static const std::vector<float> g_values = {0.0F,
+                                                -0.0F,
+                                                0.1F,
+                                                -0.299F,
+                                                16777217.0F,
+                                                Limits::max(),
+                                                Limits::lowest(),
+                                                Limits::min(),
+                                                Limits::denorm_min(),
+                                                -Limits::denorm_min(),
+                                                Limits::infinity(),
+                                                -Limits::infinity(),
+                                                std::bit_cast<float>(0x7fc00000U),
+                                                std::bit_cast<float>(0xffc00000U),
+                                                std::bit_cast<float>(0x7fc12345U),
+                                                std::bit_cast<float>(0x7f800001U), // signalling
+                                                std::bit_cast<float>(0xffffffffU)};
+    return g_values;
+}
+} // namespace
+
+TEST(JsonOArchive, WritesSectionsInOrderAndItemsByTheirKeys)
+{
+    const std::string text = write(
+        [](JsonOArchive& archive)
+        {
+            const int target = -3;
+            const std::string words = "a \"quoted\" word";
+            const std::vector<float> matrix = {0.5F, -0.0F, 0.299F};
+            {
+                const ArchiveSectionManager outer(archive, "outer");
+                archive << SerializationOItem<int>{"target", &target};
+                const ArchiveSectionManager inner(archive, "inner");
+                archive << SerializationOItem<std::vector<float>>{"matrix", &matrix};
+            }
+            const ArchiveSectionManager outer(archive, "outer");
+            archive << SerializationOItem<std::string>{"words", &words};
+        });
+    EXPECT_EQ(text, R"([
+{
+  "section": "outer",
+  "items": {
+    "target": -3
+  },
+  "sections": [
+    {
+      "section": "inner",
+      "items": {
+        "matrix": [
+          0.5,
+          -0.0,
+          0.299
+        ]
+      }
+    }
+  ]
+},
+{
+  "section": "outer",
+  "items": {
+    "words": "a \"quoted\" word"
+  }
+}
+]
+)");
+    EXPECT_EQ(write([](JsonOArchive&) {}), "[]\n");
+}
+
+TEST(JsonArchive, KeepsEveryKindOfValue)
+{
+    EXPECT_EQ(passThrough(true), true);
+    EXPECT_EQ(passThrough(false), false);
+    EXPECT_EQ(passThrough(std::numeric_limits<int>::min()), std::numeric_limits<int>::min());
+    EXPECT_EQ(passThrough(std::numeric_limits<unsigned int>::max()), std::numeric_limits<unsigned int>::max());
+    EXPECT_EQ(passThrough(-9007199254740993L), -9007199254740993L);
+    EXPECT_EQ(passThrough(std::numeric_limits<long>::min()), std::numeric_limits<long>::min());
+    EXPECT_EQ(passThrough(9007199254740993UL), 9007199254740993UL);
+    EXPECT_EQ(passThrough(std::numeric_limits<unsigned long>::max()), std::numeric_limits<unsigned long>::max());
+    const std::string words("text \xc3\xa9 \n \\ \x01 \x00 end", 19);
+    EXPECT_EQ(passThrough(words), words);
+    EXPECT_EQ(passThrough(std::string()), "");
+    EXPECT_TRUE(passThrough(std::vector<float>()).empty());
+}
+
+TEST(JsonArchive, KeepsFloatsToTheBit)
+{
+    std::vector<float> values = getSpecialFloats();
+    std::mt19937 random(6);
+    for (int i = 0; i < 200000; ++i)
+    {
+        values.push_back(std::bit_cast<float>(static_cast<std::uint32_t>(random())));
+    }
+    const std::vector<float> read = passThrough(values);
+    ASSERT_EQ(read.size(), values.size());
+    for (std::size_t i = 0; i < values.size(); ++i)
+    {
+        ASSERT_EQ(bits(read[i]), bits(values[i])) << i;
+    }
+    for (const float value : getSpecialFloats())
+    {
+        EXPECT_EQ(bits(passThrough(value)), bits(value)) << value;
+    }
+    for (const double value : {-0.0, 0.1, 5e-324, std::numeric_limits<double>::max(), -std::numeric_limits<double>::infinity(),
+                               std::bit_cast<double>(0xfff8000000012345UL), std::bit_cast<double>(0x7ff0000000000001UL)})
+    {
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(passThrough(value)), std::bit_cast<std::uint64_t>(value)) << value;
+    }
+}
+
+TEST(JsonArchive, KeepsFloatsToTheBitInEveryRoundingMode)
+{
+    const std::vector<float> values = {0.1F, 0.299F, -0.587F, 1e-40F, 3.4028235e38F};
+    const int before = std::fegetround();
+    for (const int mode : {FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO})
+    {
+        std::fesetround(mode);
+        const std::string text = writeValue(values);
+        const std::vector<float> read = readValue<std::vector<float>>(text);
+        const int after = std::fegetround();
+        std::fesetround(before);
+        EXPECT_EQ(after, mode);
+        EXPECT_EQ(read, values);
+        EXPECT_EQ(text, writeValue(values));
+    }
+}
+
+TEST(JsonIArchive, TakesNumbersAsTheyAreWrittenByHand)
+{
+    EXPECT_EQ(readValue<float>(makeItem("2")), 2.0F);
+    EXPECT_EQ(bits(readValue<float>(makeItem("-0"))), bits(-0.0F));
+    EXPECT_EQ(readValue<float>(makeItem("3.4028235e38")), std::numeric_limits<float>::max());
+    EXPECT_EQ(readValue<float>(makeItem("1e-60")), 0.0F);
+    EXPECT_EQ(bits(readValue<float>(makeItem("\"nan\""))), 0x7fc00000U);
+    EXPECT_EQ(readValue<std::vector<float>>(makeItem("[1, -2, 1e2, \"-inf\"]")),
+              (std::vector<float>{1.0F, -2.0F, 100.0F, -std::numeric_limits<float>::infinity()}));
+    EXPECT_EQ(readValue<int>(makeItem("-0")), 0);
+    EXPECT_EQ(readValue<unsigned int>(makeItem("-0")), 0U);
+}
+
+TEST(JsonIArchive, PassesOverWhatNobodyAsksFor)
+{
+    std::istringstream stream(R"([{"sections": [{"section": "inner"}], "items": {"other": 1, "k": 2}, "section": "s"},
+                                  {"section": "t", "items": {"k": 3}}])");
+    JsonIArchive archive(stream);
+    unsigned int value = 0;
+    ASSERT_TRUE(archive.hasNextSection());
+    EXPECT_EQ(archive.getNextSectionName(), "s");
+    {
+        const ArchiveSectionManager section(archive, "s");
+        archive >> SerializationIItem<unsigned int>{"k", &value};
+        EXPECT_EQ(archive.getNextSectionName(), "inner");
+    }
+    EXPECT_EQ(value, 2U);
+    const ArchiveSectionManager section(archive, "t");
+    archive >> SerializationIItem<unsigned int>{"k", &value};
+    EXPECT_EQ(value, 3U);
+    EXPECT_FALSE(archive.hasNextSection());
+    EXPECT_EQ(archive.getNextSectionName(), "");
+}
+
+namespace
+{
+std::string getRefusal(const std::function<void()>& call)
+{
+    try
+    {
+        call();
+    }
+    catch (const KOVISSerializationException& e)
+    {
+        return e.what();
+    }
+    return "nothing was thrown";
+}
+} // namespace
+
+TEST(JsonOArchive, RefusesWhatCouldNotBeRead)
+{
+    std::ostringstream stream;
+    JsonOArchive archive(stream);
+    const int one = 1;
+    EXPECT_EQ(getRefusal(
+                  [&] {
+                      (archive << SerializationOItem<int>{"k", &one});
+                  }),
+              "The archive is used wrongly: an item is to be written outside all sections; open one by ArchiveSectionManager");
+    EXPECT_EQ(getRefusal([&] { archive.endSection(); }),
+              "The archive is used wrongly: a section is to be closed, and none is open; use ArchiveSectionManager");
+    EXPECT_EQ(getRefusal([&] { archive.beginSection("\xff"); }),
+              "The archive cannot take the outermost level: names, keys and texts are UTF-8");
+    archive.beginSection("s");
+    archive << SerializationOItem<int>{"k", &one};
+    EXPECT_EQ(getRefusal(
+                  [&] {
+                      (archive << SerializationOItem<int>{"k", &one});
+                  }),
+              "The archive cannot take section \"s\", key \"k\": the key stands there already");
+    const std::string notUtf8("\xc3");
+    EXPECT_EQ(getRefusal(
+                  [&] {
+                      (archive << SerializationOItem<std::string>{"t", &notUtf8});
+                  }),
+              "The archive cannot take section \"s\", key \"t\": names, keys and texts are UTF-8");
+    const std::string longText(4097, 'x');
+    EXPECT_EQ(getRefusal(
+                  [&] {
+                      (archive << SerializationOItem<std::string>{"t", &longText});
+                  }),
+              "The archive cannot take section \"s\", key \"t\": a name, key or text has at most 4096 bytes");
+    const std::vector<float> tooMany((1UL << 20) + 1);
+    EXPECT_EQ(getRefusal(
+                  [&] {
+                      (archive << SerializationOItem<std::vector<float>>{"l", &tooMany});
+                  }),
+              "The archive cannot take section \"s\", key \"l\": an archive holds at most 1048576 numbers in lists");
+    for (int depth = 1; depth < 16; ++depth)
+    {
+        archive.beginSection("s");
+    }
+    EXPECT_NE(getRefusal([&] { archive.beginSection("s"); }).find("at most 16 sections stand in each other"), std::string::npos);
+    EXPECT_NE(getRefusal([&] { archive.finish(); }).find("close all sections first"), std::string::npos);
+}
+
+TEST(JsonOArchive, WritesAsMuchAsCanBeRead)
+{
+    const std::vector<float> most(1UL << 20, -1.17549435e-38F);
+    EXPECT_EQ(passThrough(most), most);
+}
+
+TEST(JsonOArchive, TellsOfAStreamThatFails)
+{
+    std::ostringstream stream;
+    stream.setstate(std::ios::badbit);
+    JsonOArchive archive(stream);
+    EXPECT_EQ(getRefusal([&] { archive.finish(); }),
+              "The archive's stream cannot be written: see that its file exists and may be used, and that the disk has room");
+    std::istringstream input;
+    input.setstate(std::ios::failbit);
+    EXPECT_EQ(getRefusal([&] { const JsonIArchive read(input); }),
+              "The archive's stream cannot be read: see that its file exists and may be used, and that the disk has room");
+}
+
+TEST(JsonOArchive, EndsItsTextWhenItIsDestroyed)
+{
+    std::ostringstream stream;
+    {
+        JsonOArchive archive(stream);
+        const ArchiveSectionManager section(archive, "s");
+    }
+    EXPECT_EQ(stream.str(), "[\n{\n  \"section\": \"s\"\n}\n]\n");
+}
+} // namespace kovis
