@@ -26,6 +26,11 @@ struct Register
         Int m_register[s_nbRegisters];
     };
 
+    /// The stores need none.
+    struct Limits
+    {
+    };
+
     /// For zero-masked intrinsics, which become the plain instructions: the unmasked ones of GCC 12 start from a value that is
     /// not initialised, and warn of it.
     static constexpr Mask s_allLanes = 0xFFFF;
@@ -118,7 +123,7 @@ struct Register
 
     // The stores of signed integers saturate to the target's range.
 
-    static KOVIS_SIMD_INLINE void storeInts(signed char* to, const IntBlock& block)
+    static KOVIS_SIMD_INLINE void storeInts(signed char* to, const IntBlock& block, const Limits&)
     {
         KOVIS_UNROLL
         for (unsigned long k = 0; k < s_nbRegisters; ++k)
@@ -126,7 +131,7 @@ struct Register
             storeQuarter(to + k * s_nbLanes, _mm512_maskz_cvtsepi32_epi8(s_allLanes, block.m_register[k]));
         }
     }
-    static KOVIS_SIMD_INLINE void storeInts(unsigned char* to, const IntBlock& block)
+    static KOVIS_SIMD_INLINE void storeInts(unsigned char* to, const IntBlock& block, const Limits&)
     {
         KOVIS_UNROLL
         for (unsigned long k = 0; k < s_nbRegisters; ++k)
@@ -134,7 +139,7 @@ struct Register
             storeQuarter(to + k * s_nbLanes, _mm512_maskz_cvtusepi32_epi8(s_allLanes, clearNegative(block.m_register[k])));
         }
     }
-    static KOVIS_SIMD_INLINE void storeInts(short* to, const IntBlock& block)
+    static KOVIS_SIMD_INLINE void storeInts(short* to, const IntBlock& block, const Limits&)
     {
         KOVIS_UNROLL
         for (unsigned long k = 0; k < s_nbRegisters; ++k)
@@ -142,7 +147,7 @@ struct Register
             storeHalf(to + k * s_nbLanes, _mm512_maskz_cvtsepi32_epi16(s_allLanes, block.m_register[k]));
         }
     }
-    static KOVIS_SIMD_INLINE void storeInts(unsigned short* to, const IntBlock& block)
+    static KOVIS_SIMD_INLINE void storeInts(unsigned short* to, const IntBlock& block, const Limits&)
     {
         KOVIS_UNROLL
         for (unsigned long k = 0; k < s_nbRegisters; ++k)
@@ -150,7 +155,7 @@ struct Register
             storeHalf(to + k * s_nbLanes, _mm512_maskz_cvtusepi32_epi16(s_allLanes, clearNegative(block.m_register[k])));
         }
     }
-    static KOVIS_SIMD_INLINE void storeInts(int* to, const IntBlock& block)
+    static KOVIS_SIMD_INLINE void storeInts(int* to, const IntBlock& block, const Limits&)
     {
         KOVIS_UNROLL
         for (unsigned long k = 0; k < s_nbRegisters; ++k)

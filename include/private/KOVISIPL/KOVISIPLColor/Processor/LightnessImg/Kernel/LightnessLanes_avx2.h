@@ -7,16 +7,8 @@
 namespace kovis::imaproc::color::kernel
 {
 template <>
-struct LightnessLanes<simd::avx2::Register>
+struct LightnessLanes<simd::avx2::Register> : VectorLanes<simd::avx2::Register>
 {
-    using Register = simd::avx2::Register;
-    using Int = Register::Int;
-    template <class T>
-    using Raw = Int;
-
-    static KOVIS_SIMD_INLINE Int loadRaw(const void* from) { return Register::loadRaw(from); }
-    static KOVIS_SIMD_INLINE void storeRaw(void* to, Int value) { Register::storeRaw(to, value); }
-
     static KOVIS_SIMD_INLINE Int min(Int a, Int b, PixelTag<unsigned char>) { return _mm256_min_epu8(a, b); }
     static KOVIS_SIMD_INLINE Int max(Int a, Int b, PixelTag<unsigned char>) { return _mm256_max_epu8(a, b); }
     static KOVIS_SIMD_INLINE Int min(Int a, Int b, PixelTag<signed char>) { return _mm256_min_epi8(a, b); }
@@ -30,11 +22,7 @@ struct LightnessLanes<simd::avx2::Register>
     static KOVIS_SIMD_INLINE Int min(Int a, Int b, PixelTag<int>) { return _mm256_min_epi32(a, b); }
     static KOVIS_SIMD_INLINE Int max(Int a, Int b, PixelTag<int>) { return _mm256_max_epi32(a, b); }
 
-    template <class T>
-    static KOVIS_SIMD_INLINE Int truncate(Register::Float a, PixelTag<T>)
-    {
-        return Register::truncate(a);
-    }
+    using VectorLanes::truncate;
     /// As in SSE2: 2 to the power 32 becomes 0.
     static KOVIS_SIMD_INLINE Int truncate(Register::Float a, PixelTag<unsigned int>)
     {
@@ -43,16 +31,6 @@ struct LightnessLanes<simd::avx2::Register>
         const Register::Float lowered = Register::sub(a, _mm256_and_ps(upper, half));
         const Int truncated = Register::truncate(Register::max(lowered, Register::broadcast(0.0F)));
         return _mm256_add_epi32(truncated, _mm256_slli_epi32(_mm256_castps_si256(upper), 31));
-    }
-
-    template <class T>
-    static KOVIS_SIMD_INLINE void storeInts(T* to, const Register::IntBlock& block)
-    {
-        Register::storeInts(to, block, Register::limits<T>());
-    }
-    static KOVIS_SIMD_INLINE void storeInts(unsigned int* to, const Register::IntBlock& block)
-    {
-        storeInts(reinterpret_cast<int*>(to), block);
     }
 };
 } // namespace kovis::imaproc::color::kernel

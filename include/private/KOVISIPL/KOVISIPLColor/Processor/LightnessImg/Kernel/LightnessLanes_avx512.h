@@ -7,16 +7,8 @@
 namespace kovis::imaproc::color::kernel
 {
 template <>
-struct LightnessLanes<simd::avx512::Register>
+struct LightnessLanes<simd::avx512::Register> : VectorLanes<simd::avx512::Register>
 {
-    using Register = simd::avx512::Register;
-    using Int = Register::Int;
-    template <class T>
-    using Raw = Int;
-
-    static KOVIS_SIMD_INLINE Int loadRaw(const void* from) { return Register::loadRaw(from); }
-    static KOVIS_SIMD_INLINE void storeRaw(void* to, Int value) { Register::storeRaw(to, value); }
-
     static KOVIS_SIMD_INLINE Int min(Int a, Int b, PixelTag<unsigned char>) { return _mm512_min_epu8(a, b); }
     static KOVIS_SIMD_INLINE Int max(Int a, Int b, PixelTag<unsigned char>) { return _mm512_max_epu8(a, b); }
     static KOVIS_SIMD_INLINE Int min(Int a, Int b, PixelTag<signed char>) { return _mm512_min_epi8(a, b); }
@@ -30,23 +22,9 @@ struct LightnessLanes<simd::avx512::Register>
     static KOVIS_SIMD_INLINE Int min(Int a, Int b, PixelTag<int>) { return _mm512_maskz_min_epi32(s_all, a, b); }
     static KOVIS_SIMD_INLINE Int max(Int a, Int b, PixelTag<int>) { return _mm512_maskz_max_epi32(s_all, a, b); }
 
-    template <class T>
-    static KOVIS_SIMD_INLINE Int truncate(Register::Float a, PixelTag<T>)
-    {
-        return Register::truncate(a);
-    }
+    using VectorLanes::truncate;
     /// By the unsigned conversion: 2 to the power 32 becomes the greatest value.
     static KOVIS_SIMD_INLINE Int truncate(Register::Float a, PixelTag<unsigned int>) { return Register::truncateUnsigned(a); }
-
-    template <class T>
-    static KOVIS_SIMD_INLINE void storeInts(T* to, const Register::IntBlock& block)
-    {
-        Register::storeInts(to, block);
-    }
-    static KOVIS_SIMD_INLINE void storeInts(unsigned int* to, const Register::IntBlock& block)
-    {
-        storeInts(reinterpret_cast<int*>(to), block);
-    }
 
 private:
     static constexpr Register::Mask s_all = Register::s_allLanes;

@@ -7,16 +7,8 @@
 namespace kovis::imaproc::color::kernel
 {
 template <>
-struct LightnessLanes<simd::sse2::Register>
+struct LightnessLanes<simd::sse2::Register> : VectorLanes<simd::sse2::Register>
 {
-    using Register = simd::sse2::Register;
-    using Int = Register::Int;
-    template <class T>
-    using Raw = Int;
-
-    static KOVIS_SIMD_INLINE Int loadRaw(const void* from) { return Register::loadRaw(from); }
-    static KOVIS_SIMD_INLINE void storeRaw(void* to, Int value) { Register::storeRaw(to, value); }
-
     // There is one minimum and maximum for unsigned bytes and one for signed words; the others shift their range to use these,
     // or compare.
 
@@ -51,11 +43,7 @@ struct LightnessLanes<simd::sse2::Register>
         return select(_mm_cmpgt_epi32(flipLanes(a), flipLanes(b)), a, b);
     }
 
-    template <class T>
-    static KOVIS_SIMD_INLINE Int truncate(Register::Float a, PixelTag<T>)
-    {
-        return Register::truncate(a);
-    }
+    using VectorLanes::truncate;
     /// The conversion is signed: the upper half of the range goes through it shifted down. 2 to the power 32 becomes 0.
     static KOVIS_SIMD_INLINE Int truncate(Register::Float a, PixelTag<unsigned int>)
     {
@@ -64,16 +52,6 @@ struct LightnessLanes<simd::sse2::Register>
         const Register::Float lowered = Register::sub(a, _mm_and_ps(upper, half));
         const Int truncated = Register::truncate(Register::max(lowered, Register::broadcast(0.0F)));
         return _mm_add_epi32(truncated, _mm_slli_epi32(_mm_castps_si128(upper), 31));
-    }
-
-    template <class T>
-    static KOVIS_SIMD_INLINE void storeInts(T* to, const Register::IntBlock& block)
-    {
-        Register::storeInts(to, block, Register::limits<T>());
-    }
-    static KOVIS_SIMD_INLINE void storeInts(unsigned int* to, const Register::IntBlock& block)
-    {
-        storeInts(reinterpret_cast<int*>(to), block);
     }
 
 private:
