@@ -199,10 +199,14 @@ TEST(ColorConvertImg, RefusesAUserMatrixOfTheWrongLength)
 TEST(ColorConvertImg, IsFitForTheNextRunAfterAFailureInAWorker)
 {
     const auto in = test::makeFilledImage<unsigned char>(300, 200, eCGT_Rgb, 10);
+    const auto user = createImageUser2d(300, 200, 5, eIBT_UInt8);
+    // too short by one for the link from five channels to RGB, which only the kernels see
+    const auto toHsv = attr::createColorConversionTransform(eCGT_HSV);
+    toHsv->setMatrix(std::vector<float>(17));
     for (int i = 0; i < 20; ++i)
     {
         // the first one wins and reaches the caller once, unchanged
-        EXPECT_THROW(colorConvertImg(in, eCGT_HLS), KOVISIPLColorException);
+        EXPECT_THROW(colorConvertImg(user, Transform(toHsv)), KOVISIPLColorException);
         EXPECT_EQ(colorConvertImg(in, eCGT_HSV)->getSizeC(), 3U);
     }
 }
