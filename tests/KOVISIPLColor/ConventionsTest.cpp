@@ -20,6 +20,16 @@ constexpr double g_twoDigits = 0.0051;
 constexpr double g_threeDigits = 0.00051;
 } // namespace
 
+TEST(Conventions, BytesHoldTheNumbersOfTheFormulas)
+{
+    const auto toBytes = [](eColorGeometryType to, const Pixel& rgb)
+    { return convertPixel<unsigned char, unsigned char>(eCGT_Rgb, to, rgb); };
+    EXPECT_EQ(toBytes(eCGT_HSV, {255.0, 0.0, 255.0}), (Pixel{255.0, 1.0, 255.0}));
+    EXPECT_EQ(toBytes(eCGT_CieLab, {255.0, 0.0, 0.0}), (Pixel{53.0, 80.0, 67.0}));
+    EXPECT_EQ(toBytes(eCGT_CieLab, {0.0, 0.0, 255.0}), (Pixel{32.0, 79.0, 0.0}));
+    EXPECT_EQ(toBytes(eCGT_YCbCr, {255.0, 255.0, 255.0}), (Pixel{255.0, 128.0, 128.0}));
+}
+
 TEST(Conventions, LumaAndChroma)
 {
     expectNear(convertPixel<float>(eCGT_Rgb, eCGT_YCbCr, {1.0, 0.0, 0.0}), {0.299, 127.831, 128.5}, allChannels(g_threeDigits));

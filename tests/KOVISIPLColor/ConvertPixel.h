@@ -11,8 +11,8 @@ namespace kovis::test
 {
 using Pixel = std::array<double, 3>;
 
-/// One pixel of three channels of T, through the entry function into a float result of three channels.
-template <class T>
+/// One pixel of three channels of T, through the entry function into a result of three channels of R.
+template <class T, class R = float>
 Pixel convertPixel(image::eColorGeometryType from, image::eColorGeometryType to, const Pixel& pixel)
 {
     using namespace image;
@@ -21,9 +21,14 @@ Pixel convertPixel(image::eColorGeometryType from, image::eColorGeometryType to,
     {
         planeData<T>(input, c)[0] = static_cast<T>(pixel[c]);
     }
-    const auto result = createImage2d(1, 1, to, eIBT_Real);
+    const auto result = createImage2d(1, 1, to, BufferTypeOf<R>::g_value);
     imaproc::color::colorConvertImg(input, to, result);
-    return {planeData<float>(result, 0)[0], planeData<float>(result, 1)[0], planeData<float>(result, 2)[0]};
+    Pixel converted = {};
+    for (unsigned long c = 0; c < 3; ++c)
+    {
+        converted[c] = static_cast<double>(planeData<R>(result, c)[0]);
+    }
+    return converted;
 }
 
 inline void expectNear(const Pixel& found, const Pixel& published, const Pixel& tolerance)
