@@ -87,8 +87,9 @@ function(kovis_find_cuda)
     set(KOVIS_CUDA_VERSION "${CUDAToolkit_VERSION}" PARENT_SCOPE)
 endfunction()
 
-# kovis_add_device_code(<target> <file.cu>): the object of a device source, at the end of the target's sources. nvcc is called with
-# its own host compiler whatever compiles the rest, so that sanitizers and warnings of the host's build do not reach it.
+# kovis_add_device_code(<target> <file.cu>): the object of a device source, linked after all of the target's own: objects among the
+# sources would come first. nvcc is called with its own host compiler whatever compiles the rest, so that sanitizers and warnings of
+# the host's build do not reach it.
 function(kovis_add_device_code target source)
     get_filename_component(name "${source}" NAME)
     set(object "${CMAKE_CURRENT_BINARY_DIR}/${name}.o")
@@ -103,8 +104,11 @@ function(kovis_add_device_code target source)
         DEPFILE "${object}.d"
         COMMENT "Building device code ${name}"
         VERBATIM)
-    target_sources(${target} PRIVATE "${object}")
-    set_source_files_properties("${object}" PROPERTIES EXTERNAL_OBJECT ON GENERATED ON)
+    add_custom_target(${target}DeviceCode DEPENDS "${object}")
+    add_dependencies(${target} ${target}DeviceCode)
+    target_link_libraries(${target} PRIVATE "$<BUILD_INTERFACE:${object}>" "$<BUILD_INTERFACE:kovis_cuda>")
+    set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${object}")
+    set_property(TARGET ${target} PROPERTY KOVIS_DEVICE_OBJECT "${object}")
 endfunction()
 
 if(NOT KOVIS_WITH_CUDA MATCHES "^(AUTO|ON|OFF)$")

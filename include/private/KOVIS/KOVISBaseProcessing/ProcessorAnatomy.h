@@ -338,21 +338,26 @@ BoolResult finishInit(ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr
     }                                                                                                                            \
     static_assert(true)
 
-/// Defines the selector and the forced instruction sets of a class with kernels.
-#define KOVIS_DEFINE_ALGORITHM(CLASS)                                                                                            \
-    ::kovis::processor::AlgorithmFunctionSelector& CLASS::retrieveFunctionSelector()                                             \
+/// Defines the selector of a class with kernels; SELECTOR is its class.
+#define KOVIS_DEFINE_FUNCTION_SELECTOR(CLASS, SELECTOR)                                                                          \
+    ::kovis::processor::SELECTOR& CLASS::retrieveFunctionSelector()                                                              \
     {                                                                                                                            \
-        static ::kovis::processor::AlgorithmFunctionSelector g_functionSelector;                                                 \
+        static ::kovis::processor::SELECTOR g_functionSelector;                                                                  \
         return g_functionSelector;                                                                                               \
     }                                                                                                                            \
-    ::kovis::processor::AlgorithmFunctionSelector& CLASS::accessFunctionSelector()                                               \
+    ::kovis::processor::SELECTOR& CLASS::accessFunctionSelector()                                                                \
     {                                                                                                                            \
         return retrieveFunctionSelector();                                                                                       \
     }                                                                                                                            \
-    const ::kovis::processor::AlgorithmFunctionSelector& CLASS::getFunctionSelector() const                                      \
+    const ::kovis::processor::SELECTOR& CLASS::getFunctionSelector() const                                                       \
     {                                                                                                                            \
         return retrieveFunctionSelector();                                                                                       \
     }                                                                                                                            \
+    static_assert(true)
+
+/// Defines the selector and the forced instruction sets of a class with kernels.
+#define KOVIS_DEFINE_ALGORITHM(CLASS)                                                                                            \
+    KOVIS_DEFINE_FUNCTION_SELECTOR(CLASS, AlgorithmFunctionSelector);                                                            \
     ::kovis::processor::InstructionSetsIdentifier& CLASS::retrieveForcedInstructionSets()                                        \
     {                                                                                                                            \
         return ::kovis::processor::ProcessorAnatomy<CLASS>::retrieveForcedInstructionSets();                                     \

@@ -22,6 +22,6 @@ T** extractBufferDataCollToGpu(CudaImage& image)
 template <class T>
 T const** extractBufferDataCollToGpu(const CudaImage& image)
 {
-    return reinterpret_cast<T const**>(detail::getPlaneTable(image, BufferTypeOf<T>::g_value));
+    return const_cast<T const**>(reinterpret_cast<T**>(detail::getPlaneTable(image, BufferTypeOf<T>::g_value)));
 }
 } // namespace kovis::image::tools

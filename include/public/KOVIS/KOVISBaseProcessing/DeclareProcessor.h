@@ -66,14 +66,19 @@ public:                                                                         
         g_accessLine = __LINE__                                                                                                  \
     }
 
+/// The kernels of a class, in the public part of its declaration: filled at load, read-only afterwards. SELECTOR is
+/// AlgorithmFunctionSelector, or CudaFunctionSelector for a class of GPU kernels, which needs nothing else.
+#define KOVIS_DECLARE_FUNCTION_SELECTOR(SELECTOR)                                                                                \
+    static ::kovis::processor::SELECTOR& retrieveFunctionSelector();                                                             \
+    static ::kovis::processor::SELECTOR& accessFunctionSelector()
+
 /// The statics of a class with kernels, in the public part of its declaration:
 ///   - the kernels of the class: filled at load, read-only afterwards;
 ///   - the instruction sets that every run must use from now on; empty means the best that there is. Change them between runs,
 ///   never
 ///     during one.
 #define KOVIS_DECLARE_ALGORITHM()                                                                                                \
-    static ::kovis::processor::AlgorithmFunctionSelector& retrieveFunctionSelector();                                            \
-    static ::kovis::processor::AlgorithmFunctionSelector& accessFunctionSelector();                                              \
+    KOVIS_DECLARE_FUNCTION_SELECTOR(AlgorithmFunctionSelector);                                                                  \
     static ::kovis::processor::InstructionSetsIdentifier& retrieveForcedInstructionSets();                                       \
     static ::kovis::processor::InstructionSetsIdentifier& accessForcedInstructionSets();                                         \
     static void forceInstructionSets(const ::kovis::processor::InstructionSetsIdentifier& instructionSets);                      \
