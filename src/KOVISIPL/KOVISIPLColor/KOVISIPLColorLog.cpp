@@ -1,6 +1,8 @@
 #include "KOVISIPL/KOVISIPLColor/KOVISIPLColorLog.h"
 
+#include "KOVIS/KOVISBaseProcessing/ProcessingMessages.h"
 #include "KOVIS/KOVISUtil/ThrowMessage.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/entryFunction.h"
 #include "KOVISIPL/KOVISIPLColor/throwColorText.h"
 
 #include <boost/thread/mutex.hpp>
@@ -77,5 +79,10 @@ void throwColorText(const std::string& text, const char* function, const char* f
     kovis::detail::logIfEnabled(getKOVISIPLColorLogger(), log4cplus::ERROR_LOG_LEVEL, getKOVISIPLColorLogMessageManager(), text,
                                 {function, file, line});
     throw KOVISIPLColorException(text, function, file, line);
+}
+
+void details::throwNullProcessor(const char* function, const char* file, unsigned int line)
+{
+    processor::throwProcessingMessage(processor::eProcessorMessage::ePM_NullProcessor, SourcePlace{function, file, line});
 }
 } // namespace kovis::imaproc::color

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "KOVIS/KOVISBaseProcessing/BaseProcessor.h"
-#include "KOVIS/KOVISBaseProcessing/ProcessingMessages.h"
 #include "KOVIS/KOVISImage/BaseImage.h"
 
 #include <boost/make_shared.hpp>
@@ -38,14 +37,19 @@ boost::shared_ptr<TProcessor> start(const boost::shared_ptr<TProcessor>& process
     return processor;
 }
 
-/// What the output TOutput of a processor holds now. Throws KOVISBaseProcessingException, from the place, if there is no
+/// Throws KOVISBaseProcessingException, logged before: an entry function was given no processor. It stands in the log's unit,
+/// since the headers of formatted messages bring a static initialiser, which not every entry function's unit may have.
+[[noreturn]] void throwNullProcessor(const char* function, const char* file, unsigned int line);
+
+/// What the output TOutput of a processor holds now. Throws KOVISBaseProcessingException, from this place, if there is no
 /// processor.
 template <class TOutput, class TProcessor>
-boost::shared_ptr<image::BaseImage> getOutput(const boost::shared_ptr<TProcessor>& processor, const SourcePlace& place)
+boost::shared_ptr<image::BaseImage> getOutput(const boost::shared_ptr<TProcessor>& processor, const char* function,
+                                              const char* file, unsigned int line)
 {
     if (!processor)
     {
-        processor::throwProcessingMessage(processor::eProcessorMessage::ePM_NullProcessor, place);
+        throwNullProcessor(function, file, line);
     }
     return processor->template getStorage<TOutput>();
 }

@@ -67,9 +67,10 @@ boost::shared_ptr<LightnessImgLvl1> lightnessImg_async(const InputImage& image, 
 OutputImage getAsyncProcessorOutput(boost::shared_ptr<LightnessImgLvl1> processor)
 {
     return details::getOutput<attr::OutLightImg>(
-        processor, SourcePlace{"boost::shared_ptr<kovis::image::BaseImage> "
-                               "kovis::imaproc::color::getAsyncProcessorOutput(boost::shared_ptr<kovis::imaproc::color::"
-                               "LightnessImgLvl1>)",
-                               "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImg", __LINE__});
+        processor,
+        "boost::shared_ptr<kovis::image::BaseImage> "
+        "kovis::imaproc::color::getAsyncProcessorOutput(boost::shared_ptr<kovis::imaproc::color::"
+        "LightnessImgLvl1>)",
+        "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImg", __LINE__);
 }
 } // namespace kovis::imaproc::color
