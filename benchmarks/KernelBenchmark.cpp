@@ -1,5 +1,5 @@
-// The kernels of a level 3 strip, per form and pair of element types: one strip that stays in the level 2 cache, run again and
-// again.
+// The kernels of a level 3 strip, per form and pair of element types, beside a plain copy and the generic form: one strip that
+// stays in the level 2 cache, run again and again.
 #include "KOVIS/KOVISBaseProcessing/AlgorithmFunctionSelector.h"
 #include "KOVIS/KOVISCore/isAvailable.h"
 #include "KOVIS/KOVISImage/ImageFactory.h"
@@ -10,6 +10,7 @@
 #include <boost/make_shared.hpp>
 
 #include <string>
+#include <vector>
 
 namespace kovis::bench
 {
@@ -23,9 +24,12 @@ struct Family
     image::eColorGeometryType m_from;
     image::eColorGeometryType m_to;
 };
-constexpr Family g_families[] = {{"linearConvert", image::eCGT_Rgb, image::eCGT_YPbPr},
-                                 {"fromRGBToHSVConvert", image::eCGT_Rgb, image::eCGT_HSV},
-                                 {"fromHSVToRGBConvert", image::eCGT_HSV, image::eCGT_Rgb}};
+constexpr Family g_families[] = {
+    {"linearConvert", image::eCGT_Rgb, image::eCGT_YPbPr},        {"fromRGBToHSVConvert", image::eCGT_Rgb, image::eCGT_HSV},
+    {"fromHSVToRGBConvert", image::eCGT_HSV, image::eCGT_Rgb},    {"fromRGBToHLSConvert", image::eCGT_Rgb, image::eCGT_HLS},
+    {"fromHLSToRGBConvert", image::eCGT_HLS, image::eCGT_Rgb},    {"sRGBtoXYZConvert", image::eCGT_Rgb, image::eCGT_XYZ},
+    {"fromXYZToLabConvert", image::eCGT_XYZ, image::eCGT_CieLab}, {"fromLabToXYZConvert", image::eCGT_CieLab, image::eCGT_XYZ},
+    {"fromXYZToLuvConvert", image::eCGT_XYZ, image::eCGT_CieLuv}, {"fromLuvToXYZConvert", image::eCGT_CieLuv, image::eCGT_XYZ}};
 
 struct Form
 {
@@ -43,13 +47,17 @@ constexpr Form g_forms[] = {{"generic", eInstructionSet::eIS_Generic, eInstructi
 constexpr unsigned long g_sizeX = 256;
 constexpr unsigned long g_sizeY = 64;
 
-void runKernel(benchmark::State& state, const Family& family, const Form& form, image::eImageBufferType fromType,
-               image::eImageBufferType toType)
+void runForm(const Form& form, const boost::shared_ptr<ColorConvertImgLvl3>& processor)
 {
     processor::InstructionSetsIdentifier sets;
     sets.init(form.m_first, form.m_second);
     ColorConvertImgLvl3::forceInstructionSets(sets);
+    processor::executeSyncRun(processor);
+}
 
+void runKernel(benchmark::State& state, const Family& family, const Form& form, image::eImageBufferType fromType,
+               image::eImageBufferType toType)
+{
     const boost::shared_ptr<const image::BaseImage> input = makeImage(g_sizeX, g_sizeY, family.m_from, fromType);
     const auto output = image::createImage2d(g_sizeX, g_sizeY, family.m_to, toType);
     const auto processor = boost::make_shared<ColorConvertImgLvl3>();
@@ -57,9 +65,14 @@ void runKernel(benchmark::State& state, const Family& family, const Form& form, 
     processor->set<imaproc::attr::InColorYStrip2d>(image::makeInputStrip(input, 0, g_sizeY));
     processor->set<imaproc::attr::InColorConversionTransform>(imaproc::attr::createColorConversionTransform(family.m_to));
     processor->set<imaproc::attr::OutColorYStrip2d>(image::makeOutputStrip(output, 0, g_sizeY));
-    runBesideCopy(
-        state, [&] { processor::executeSyncRun(processor); }, *input, *output);
 
+    std::vector<Reference> references{{"copy", [&] { copyPlanes(*input, *output); }}};
+    if (&form != &g_forms[0])
+    {
+        references.push_back({"generic", [&] { runForm(g_forms[0], processor); }});
+    }
+    runBeside(
+        state, [&] { runForm(form, processor); }, references, g_sizeX * g_sizeY);
     ColorConvertImgLvl3::releaseForcedInstructionSets();
 }
 } // namespace

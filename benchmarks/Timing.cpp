@@ -88,13 +88,20 @@ void runBeside(benchmark::State& state, const std::function<void()>& work, const
                unsigned long nbPixels)
 {
     using Clock = std::chrono::steady_clock;
+    struct Timed
+    {
+        const Reference* m_reference;
+        Clock::duration m_time{};
+        unsigned long m_nbRuns = 0;
+    };
+    std::vector<Timed> timed;
     work();
     for (const Reference& reference : references)
     {
         reference.m_work();
+        timed.push_back({&reference});
     }
     Clock::duration workTime{};
-    std::vector<Clock::duration> referenceTimes(references.size(), Clock::duration::zero());
     for ([[maybe_unused]] auto iteration : state)
     {
         const Clock::time_point start = Clock::now();
@@ -102,21 +109,26 @@ void runBeside(benchmark::State& state, const std::function<void()>& work, const
         Clock::time_point last = Clock::now();
         workTime += last - start;
         state.SetIterationTime(getSeconds(last - start));
-        for (std::size_t i = 0; i < references.size(); ++i)
+        for (Timed& reference : timed)
         {
-            references[i].m_work();
-            const Clock::time_point now = Clock::now();
-            referenceTimes[i] += now - last;
-            last = now;
+            if (reference.m_time > workTime)
+            {
+                continue;
+            }
+            last = Clock::now();
+            reference.m_reference->m_work();
+            reference.m_time += Clock::now() - last;
+            ++reference.m_nbRuns;
         }
     }
-    const double nbAllPixels = static_cast<double>(nbPixels) * static_cast<double>(state.iterations());
-    state.counters["pixels/s"] = nbAllPixels / getSeconds(workTime);
-    for (std::size_t i = 0; i < references.size(); ++i)
+    const double workSeconds = getSeconds(workTime) / static_cast<double>(state.iterations());
+    state.counters["pixels/s"] = static_cast<double>(nbPixels) / workSeconds;
+    for (const Timed& reference : timed)
     {
-        const std::string name = references[i].m_name;
-        state.counters[name + "_pixels/s"] = nbAllPixels / getSeconds(referenceTimes[i]);
-        state.counters["ratio_to_" + name] = getSeconds(referenceTimes[i]) / getSeconds(workTime);
+        const std::string name = reference.m_reference->m_name;
+        const double seconds = getSeconds(reference.m_time) / static_cast<double>(reference.m_nbRuns);
+        state.counters[name + "_pixels/s"] = static_cast<double>(nbPixels) / seconds;
+        state.counters["ratio_to_" + name] = seconds / workSeconds;
     }
 }
 

@@ -25,7 +25,7 @@ struct Reference
 };
 
 /// Times `work` in turn with the references, and reports pixels per second of all, as pixels/s and <name>_pixels/s, and how near
-/// `work` comes to each, as ratio_to_<name>.
+/// `work` comes to each, as ratio_to_<name>. A reference that is slower than `work` gets as much time, and so fewer turns.
 void runBeside(benchmark::State& state, const std::function<void()>& work, const std::vector<Reference>& references,
                unsigned long nbPixels);
 
