@@ -14,6 +14,9 @@ FAMILIES = ("linearConvert", "copyConvert", "fromRGBToHSVConvert", "fromHSVToRGB
 FORMS = ("generic", "sse2", "avx2", "fma3_avx2")
 # Mangled: signed and unsigned char, short, int.
 LIMITS = [f"_ZN5kovis13NumericLimitsI{code}E5s_{end}E" for code in "ahstij" for end in ("min", "max")]
+# The lightness has other forms; only in AVX512 does its luminosity fuse, on integers the last product alone.
+LIGHTNESS_FORMS = ("generic", "sse2", "avx2", "avx512")
+LIGHTNESS = "lightness<kovis::simd::%s::Register, %s>("
 UNSIGNED_LOAD = "copyConvert<kovis::simd::%s::Register, unsigned int, float>("
 
 
@@ -36,6 +39,27 @@ def mnemonics(path, name):
     return found
 
 
+def lightness_problems(paths):
+    units = {}
+    for path in paths:
+        match = re.match(r"lightness_(%s)\.cpp\." % "|".join(LIGHTNESS_FORMS), os.path.basename(path))
+        if match:
+            units[match.group(1)] = path
+    problems = []
+    for form in LIGHTNESS_FORMS:
+        if form not in units:
+            problems.append(f"there is no unit of the lightness for {form}")
+            continue
+        problems += [f"lightness_{form} does not read {symbol}" for symbol in sorted(set(LIMITS) - undefined_symbols(units[form]))]
+        for pixel in ("unsigned char", "int", "float"):
+            found = mnemonics(units[form], LIGHTNESS % (form, pixel))
+            fused = {name for name in found if name.startswith("vfm")}
+            if not found or bool(fused) != (form == "avx512") or not any(name.endswith("mulps") or name == "mulss" for name in found - fused):
+                problems.append(f"the lightness of {pixel} in {form} has to " + ("" if form == "avx512" else "not ") + "fuse: "
+                                + " ".join(sorted(found)))
+    return problems
+
+
 def main(object_list):
     objects = {}
     for path in listed(object_list):
@@ -54,7 +78,8 @@ def main(object_list):
         found = mnemonics(objects["copyConvert", form], UNSIGNED_LOAD % form) if ("copyConvert", form) in objects else set()
         if not any(name.startswith(wanted) for name in found) or any(name.startswith(unwanted) for name in found):
             problems.append(f"the unsigned load of {form} has to be by {wanted}: " + " ".join(sorted(found)))
-    print("\n".join(problems) if problems else f"{len(objects)} units looked at")
+    problems += lightness_problems(listed(object_list))
+    print("\n".join(problems) if problems else f"{len(objects) + len(LIGHTNESS_FORMS)} units looked at")
     return 1 if problems else 0
 
 
