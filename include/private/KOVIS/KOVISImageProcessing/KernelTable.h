@@ -4,7 +4,11 @@
 #include "KOVIS/KOVISImageProcessing/AlgorithmFunctionEfficiency.h"
 #include "KOVIS/KOVISImageProcessing/BufferTypeKeys.h"
 
+#include <array>
+#include <cstddef>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace kovis::imaproc
 {
@@ -27,7 +31,11 @@ public:
     template <unsigned int nbPositions, class TKernelOf>
     void registerTable(const TKernelOf& kernelOf)
     {
-        forEachKey<nbPositions>([&]<int... key>() { registerRow<key...>(kernelOf); });
+        m_sets.init(A, B);
+        if (m_selector.isSupported(m_sets))
+        {
+            enterRows<nbPositions>(getKernels<nbPositions>(kernelOf, std::make_index_sequence<getNbKernels(nbPositions)>()), 0);
+        }
     }
 
     /// The row of one key.
@@ -47,6 +55,54 @@ public:
 
 private:
     using Function = processor::AlgorithmFunctionIdentifier::Function;
+    static constexpr std::size_t g_nbElementTypes = 7;
+
+    template <int... type>
+    static constexpr std::array<int, sizeof...(type)> getBufferTypes(std::integer_sequence<int, type...>)
+    {
+        return {type...};
+    }
+
+    static constexpr std::size_t getNbKernels(std::size_t nbPositions)
+    {
+        return nbPositions == 0 ? 1 : g_nbElementTypes * getNbKernels(nbPositions - 1);
+    }
+
+    /// The kernels of all element types, the last position running fastest. There are fewer of them than rows, so that the rows
+    /// are entered by a loop and have no code of their own.
+    template <unsigned int nbPositions, class TKernelOf, std::size_t... number>
+    static std::vector<Function> getKernels(const TKernelOf& kernelOf, std::index_sequence<number...>)
+    {
+        return {getKernel<number>(kernelOf, std::make_index_sequence<nbPositions>())...};
+    }
+
+    template <std::size_t number, class TKernelOf, std::size_t... place>
+    static Function getKernel(const TKernelOf& kernelOf, std::index_sequence<place...>)
+    {
+        return static_cast<Function>(
+            kernelOf.template operator()<BufferElement<1 + static_cast<int>(number / getNbKernels(sizeof...(place) - 1 - place) %
+                                                                            g_nbElementTypes)>...>());
+    }
+
+    /// Fills the positions that are left of the key; `kernel` is the number of the kernel by the element types of those before.
+    template <unsigned int nbLeft, class... TIdentifiers>
+    void enterRows(const std::vector<Function>& kernels, std::size_t kernel, const TIdentifiers&... begun)
+    {
+        if constexpr (nbLeft == 0)
+        {
+            m_types.init(begun...);
+            enterRow(kernels[kernel]);
+        }
+        else
+        {
+            for (const int type : getBufferTypes(detail::BufferTypes()))
+            {
+                const auto bufferType = static_cast<image::eImageBufferType>(type);
+                const auto element = static_cast<std::size_t>(image::getStorageType(bufferType)) - 1;
+                enterRows<nbLeft - 1>(kernels, kernel * g_nbElementTypes + element, begun..., getTypeIdentifier(bufferType));
+            }
+        }
+    }
 
     void enterRow(Function function)
     {

@@ -14,10 +14,14 @@ namespace kovis::imaproc::color
 {
 namespace details
 {
+inline constexpr const char* g_appendClassName = "AppendColorChannelImgLvl3";
+
 /// The planes of one input into as many planes of the output, each finished before the next begins.
 template <eInstructionSet::domain ISA, class Tin, class Tout>
-void appendPlanes(unsigned long nbPlanes, unsigned long count, const Tin* const* in, Tout* const* out)
+void appendPlanes(const boost::shared_ptr<processor::BaseDataParser>& parser, unsigned long nbPlanes, unsigned long count,
+                  Tout* const* out)
 {
+    const auto in = accessPlanes<Tin, BaseInputYStripColor2dAttribute>(parser, nbPlanes, g_appendClassName);
     for (unsigned long c = 0; c < nbPlanes; ++c)
     {
         kernel::appendConvert<typename simd::FormOf<ISA, ISA>::Register, Tin, Tout>(count, in[c], out[c]);
@@ -28,19 +32,17 @@ void appendPlanes(unsigned long nbPlanes, unsigned long count, const Tin* const*
 template <class T1, class T2, class Tout, eInstructionSet::domain ISA>
 ProcessingResult<bool> AppendColorChannelImgLvl3::genericProcessFunction(const processor::ProcessingInfo& info)
 {
-    static constexpr const char* className = "AppendColorChannelImgLvl3";
     const unsigned long sizeC1 = m_inColorYStrip2d1->getBaseImageYStripColor2d().getSizeC();
-    const auto in1 = details::accessPlanes<T1, BaseInputYStripColor2dAttribute>(m_inputParser1, sizeC1, className);
     const unsigned long sizeC2 = m_inColorYStrip2->getBaseImageYStripColor2d().getSizeC();
-    const auto in2 = details::accessPlanes<T2, BaseInputYStripColor2dAttribute>(m_inputParser2, sizeC2, className);
     const unsigned long sizeCOut = m_outColorYStrip2d->getBaseImageYStripColor2d().getSizeC();
-    const auto out = details::accessPlanes<Tout, BaseOutputYStripColor2dAttribute>(m_outputParser, sizeCOut, className);
+    const auto out =
+        details::accessPlanes<Tout, BaseOutputYStripColor2dAttribute>(m_outputParser, sizeCOut, details::g_appendClassName);
     if (sizeCOut < sizeC1 + sizeC2)
     {
         details::throwShortOutput(sizeC1, sizeC2, sizeCOut);
     }
-    details::appendPlanes<ISA>(sizeC1, info.m_nbElements, in1.get(), out.get());
-    details::appendPlanes<ISA>(sizeC2, info.m_nbElements, in2.get(), out.get() + sizeC1);
+    details::appendPlanes<ISA, T1>(m_inputParser1, sizeC1, info.m_nbElements, out.get());
+    details::appendPlanes<ISA, T2>(m_inputParser2, sizeC2, info.m_nbElements, out.get() + sizeC1);
     return ProcessingResult<bool>(true);
 }
 
