@@ -1,6 +1,9 @@
 #include "KOVIS/KOVISBaseProcessing/KOVISBaseProcessingLog.h"
 #include "KOVIS/KOVISBaseProcessing/ProcessorFactory.h"
 #include "KOVIS/KOVISUtil/DynamicObjectFactory.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl1.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl2.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl3.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl1.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl2.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3.h"
@@ -94,6 +97,42 @@ struct Expected<LightnessImgLvl3>
         processor.set<attr::InColorYStrip2d>(attr::InColorYStrip2d::StorageType());
     }
 };
+template <>
+struct Expected<AppendColorChannelImgLvl1>
+{
+    static constexpr const char* g_name = "AppendColorChannelImgLvl1";
+    static constexpr const char* g_folder = "AppendColorChannelImg";
+    static constexpr const char* g_toolTip =
+        "Level 1 algorithm: Generates a color images by merging the color channel of the two input images";
+    static std::vector<std::string> getAttributes() { return {"InImg1", "InImg2", "OutColorImg"}; }
+    static void setOne(AppendColorChannelImgLvl1& processor) { processor.set<attr::InImg1>(attr::InImg1::StorageType()); }
+};
+template <>
+struct Expected<AppendColorChannelImgLvl2>
+{
+    static constexpr const char* g_name = "AppendColorChannelImgLvl2";
+    static constexpr const char* g_folder = "AppendColorChannelImg";
+    static constexpr const char* g_toolTip =
+        "Level 2 algorithm: Generates a color images by merging the color channel of the two input images";
+    static std::vector<std::string> getAttributes() { return {"InSubColorImg2d1", "InSubColorImg2d2", "OutColorImg"}; }
+    static void setOne(AppendColorChannelImgLvl2& processor)
+    {
+        processor.set<attr::InSubColorImg2d1>(attr::InSubColorImg2d1::StorageType());
+    }
+};
+template <>
+struct Expected<AppendColorChannelImgLvl3>
+{
+    static constexpr const char* g_name = "AppendColorChannelImgLvl3";
+    static constexpr const char* g_folder = "AppendColorChannelImg";
+    static constexpr const char* g_toolTip =
+        "Level 3 algorithm: Generates a color images by merging the color channel of the two input images";
+    static std::vector<std::string> getAttributes() { return {"InColorYStrip2d1", "InColorYStrip2", "OutColorYStrip2d"}; }
+    static void setOne(AppendColorChannelImgLvl3& processor)
+    {
+        processor.set<attr::InColorYStrip2d1>(attr::InColorYStrip2d1::StorageType());
+    }
+};
 
 template <class TException, class TCall>
 std::string getMessage(const TCall& call, std::string* pFunction = nullptr, std::string* pFile = nullptr)
@@ -127,7 +166,7 @@ protected:
     const std::string m_source = std::string("KOVISIPL/KOVISIPLColor/Processor/") + Expected<T>::g_folder + "/" + m_name;
 };
 using Classes = testing::Types<ColorConvertImgLvl1, ColorConvertImgLvl2, ColorConvertImgLvl3, LightnessImgLvl1, LightnessImgLvl2,
-                               LightnessImgLvl3>;
+                               LightnessImgLvl3, AppendColorChannelImgLvl1, AppendColorChannelImgLvl2, AppendColorChannelImgLvl3>;
 TYPED_TEST_SUITE(ColorProcessor, Classes);
 
 TYPED_TEST(ColorProcessor, TellsItsIdentity)
@@ -250,6 +289,14 @@ TEST(ColorConvertImgLvl1, RefusesItsOutputBeforeInit)
     EXPECT_FALSE(processor.getStorage<attr::OutColorImg>());
 }
 
+TEST(AppendColorChannelImgLvl1, RefusesItsOutputBeforeInit)
+{
+    AppendColorChannelImgLvl1 processor;
+    EXPECT_THROW(processor.getStorage<attr::OutColorImg>(), processor::KOVISBaseProcessingException);
+    ASSERT_TRUE(processor.init());
+    EXPECT_FALSE(processor.getStorage<attr::OutColorImg>());
+}
+
 TEST(LightnessImgLvl1, RefusesItsOutputBeforeInit)
 {
     LightnessImgLvl1 processor;
@@ -285,6 +332,7 @@ TEST(ColorProcessors, KeepForcedInstructionSetsUntilReleased)
 {
     expectForcedSetsAreKept<ColorConvertImgLvl3>();
     expectForcedSetsAreKept<LightnessImgLvl3>();
+    expectForcedSetsAreKept<AppendColorChannelImgLvl3>();
 }
 } // namespace
 } // namespace kovis::imaproc::color

@@ -17,9 +17,12 @@ namespace kovis
 {
 namespace
 {
-const char* const g_classes[] = {"kovis::imaproc::color::ColorConvertImgLvl1", "kovis::imaproc::color::ColorConvertImgLvl2",
-                                 "kovis::imaproc::color::ColorConvertImgLvl3", "kovis::imaproc::color::LightnessImgLvl1",
-                                 "kovis::imaproc::color::LightnessImgLvl2",    "kovis::imaproc::color::LightnessImgLvl3"};
+const char* const g_classes[] = {
+    "kovis::imaproc::color::ColorConvertImgLvl1",       "kovis::imaproc::color::ColorConvertImgLvl2",
+    "kovis::imaproc::color::ColorConvertImgLvl3",       "kovis::imaproc::color::LightnessImgLvl1",
+    "kovis::imaproc::color::LightnessImgLvl2",          "kovis::imaproc::color::LightnessImgLvl3",
+    "kovis::imaproc::color::AppendColorChannelImgLvl1", "kovis::imaproc::color::AppendColorChannelImgLvl2",
+    "kovis::imaproc::color::AppendColorChannelImgLvl3"};
 const char* const g_domains[] = {"N5kovis7imaproc5color25eOutputInitializerMessage6domainE",
                                  "N5kovis7imaproc5color12eRuleMessage6domainE",
                                  "N5kovis7imaproc5color17eProcessorMessage6domainE"};

@@ -9,11 +9,12 @@ import subprocess
 import sys
 
 PROCESSOR = "KOVISIPL/KOVISIPLColor/Processor/"
-ALGORITHMS = ("ColorConvertImg", "LightnessImg")
+ALGORITHMS = ("ColorConvertImg", "LightnessImg", "AppendColorChannelImg")
 SOURCE = "".join(f'#include "{PROCESSOR}{name}/{name}Lvl{level}.h"\n' for name in ALGORITHMS for level in (1, 2, 3)) + """
 #include "KOVIS/KOVISBaseProcessing/BaseProcessorDispatcher.h"
 #include "KOVIS/KOVISBaseProcessing/NoSplit.h"
 #include "KOVIS/KOVISImageProcessing/ImageSplit.h"
+#include "KOVISIPL/KOVISIPLColor/OutputInitializer/AppendColorOutputInitializer.h"
 #include "KOVISIPL/KOVISIPLColor/OutputInitializer/TargetColorSpaceOutputInitializer.h"
 using namespace kovis::imaproc;
 using namespace kovis::processor;
@@ -33,6 +34,10 @@ struct Instances
     color::LightnessImgLvl2 m_12;
     color::LightnessImgLvl3 m_13;
     ImageYStrip2dSplit<color::LightnessImgLvl3, kovis::image::BaseImage, attr::OutLightYStrip2d> m_14;
+    color::AppendColorChannelImgLvl1 m_15;
+    color::AppendColorChannelImgLvl2 m_16;
+    color::AppendColorChannelImgLvl3 m_17;
+    AppendColorOutputInitializer m_18;
 };
 // Clang tells only of tables that it has to write here; these have the bases' slots, but for the destructors.
 struct Derived1 : color::ColorConvertImgLvl1
@@ -50,14 +55,29 @@ struct Derived4 : color::LightnessImgLvl2
 struct Derived5 : color::LightnessImgLvl3
 {
 };
+struct Derived6 : color::AppendColorChannelImgLvl1
+{
+};
+struct Derived7 : color::AppendColorChannelImgLvl2
+{
+};
+struct Derived8 : color::AppendColorChannelImgLvl3
+{
+};
+struct Derived9 : AppendColorOutputInitializer
+{
+};
 void* make() { return new Instances; }
 template <class T> void* makeOne() { return new T; }
-void* (*const g_makers[])() = {makeOne<Derived1>, makeOne<Derived2>, makeOne<Derived3>, makeOne<Derived4>, makeOne<Derived5>};
+void* (*const g_makers[])() = {makeOne<Derived1>, makeOne<Derived2>, makeOne<Derived3>, makeOne<Derived4>, makeOne<Derived5>,
+                                 makeOne<Derived6>, makeOne<Derived7>, makeOne<Derived8>, makeOne<Derived9>};
 void* makeAt(int i) { return g_makers[i](); }
 """
 DERIVED = {"kovis::imaproc::color::ColorConvertImgLvl1": "Derived1", "TargetColorSpaceOutputInitializer": "Derived2",
            "kovis::imaproc::color::LightnessImgLvl1": "Derived3", "kovis::imaproc::color::LightnessImgLvl2": "Derived4",
-           "kovis::imaproc::color::LightnessImgLvl3": "Derived5"}
+           "kovis::imaproc::color::LightnessImgLvl3": "Derived5", "kovis::imaproc::color::AppendColorChannelImgLvl1": "Derived6",
+           "kovis::imaproc::color::AppendColorChannelImgLvl2": "Derived7", "kovis::imaproc::color::AppendColorChannelImgLvl3": "Derived8",
+           "AppendColorOutputInitializer": "Derived9"}
 
 
 def processor(name, run, cancel, kind, tail):
@@ -88,14 +108,19 @@ def algorithm(name):
          "BaseProcessingAlgorithm::postProcess", "BaseProcessingAlgorithm::getNoParseInfo"])
 
 
+def described_image(name):
+    custom, source = "BaseCustomImageInfo", "BaseFromImageCustomImageInfo"
+    return [f"{name}::~", f"{name}::~", f"{custom}::isOutputInitNeeded", f"{name}::getImageBufferType", f"{source}::getImageBufferTypeVector",
+            f"{source}::getSizeX", f"{source}::getSizeY", f"{source}::getVolumeGeometry", f"{name}::getColorGeometry",
+            f"{source}::getTemporalGeometry", f"{custom}::getImageInitializerDistributionPolicy", f"{source}::hasInputImage",
+            f"{source}::getInputImage"]
+
+
 ONE, TWO, THREE = "ColorConvertImgLvl1", "ColorConvertImgLvl2", "ColorConvertImgLvl3"
 DISPATCHER = ["*::~", "*::~", "BaseProcessorDispatcher::queryNextAction", "BaseProcessorDispatcher::hasPendingAction",
               "BaseProcessorDispatcher::notifyDerived", "*::clearDerived", "BaseActionProvider::requestCancellationDerived",
               "*::getProcessorName", "*::getProcessorToolTip", "*::createProcessor", "*::initAttributes"]
 SPLIT = ["*::~", "*::~", "*::getSplitBaseType", "*::getAttributeName", "*::getAttributeToolTip", "*::checkProcessorType"]
-INFO = "TargetColorSpaceOutputInitializer"
-CUSTOM = "BaseCustomImageInfo"
-FROM = "BaseFromImageCustomImageInfo"
 EXPECTED = {
     f"kovis::imaproc::color::{ONE}": processor(
         ONE, "BaseAsyncProcessor", "BaseAsyncProcessor", "BaseAsync3Processor",
@@ -105,9 +130,10 @@ EXPECTED = {
     "kovis::imaproc::color::LightnessImgLvl1": one_step("LightnessImgLvl1"),
     "kovis::imaproc::color::LightnessImgLvl2": one_step("LightnessImgLvl2"),
     "kovis::imaproc::color::LightnessImgLvl3": algorithm("LightnessImgLvl3"),
-    INFO: [f"{INFO}::~", f"{INFO}::~", f"{CUSTOM}::isOutputInitNeeded", f"{INFO}::getImageBufferType", f"{FROM}::getImageBufferTypeVector",
-           f"{FROM}::getSizeX", f"{FROM}::getSizeY", f"{FROM}::getVolumeGeometry", f"{INFO}::getColorGeometry", f"{FROM}::getTemporalGeometry",
-           f"{CUSTOM}::getImageInitializerDistributionPolicy", f"{FROM}::hasInputImage", f"{FROM}::getInputImage"],
+    "kovis::imaproc::color::AppendColorChannelImgLvl1": one_step("AppendColorChannelImgLvl1"),
+    "kovis::imaproc::color::AppendColorChannelImgLvl2": one_step("AppendColorChannelImgLvl2"),
+    "kovis::imaproc::color::AppendColorChannelImgLvl3": algorithm("AppendColorChannelImgLvl3"),
+    **{name: described_image(name) for name in ("TargetColorSpaceOutputInitializer", "AppendColorOutputInitializer")},
     "kovis::processor::StaticProcessorDispatcher<kovis::imaproc::color::ColorConvertImgLvl2>": DISPATCHER,
     "kovis::processor::DynamicProcessorDispatcher<kovis::imaproc::color::ColorConvertImgLvl3>": DISPATCHER,
     "kovis::imaproc::SubImageSplit<kovis::imaproc::color::ColorConvertImgLvl2, kovis::imaproc::attr::InSubColorImg2d>":
