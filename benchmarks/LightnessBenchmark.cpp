@@ -36,7 +36,8 @@ void addPlanes(const image::BaseImage& from, image::BaseImage& to)
     const T* const second = image::planeData<T>(from, 1);
     const T* const third = image::planeData<T>(from, 2);
     T* const sum = image::planeData<T>(to, 0);
-    for (unsigned long i = 0; i < from.getSizeX() * from.getSizeY(); ++i)
+    const unsigned long nbPixels = from.getSizeX() * from.getSizeY();
+    for (unsigned long i = 0; i < nbPixels; ++i)
     {
         if constexpr (std::is_same_v<T, float>)
         {
