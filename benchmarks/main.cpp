@@ -2,6 +2,7 @@
 
 namespace kovis::bench
 {
+void registerAppendBenchmarks();
 void registerImageBenchmarks();
 void registerKernelBenchmarks();
 void registerLightnessBenchmarks();
@@ -10,6 +11,7 @@ void registerMemoryBenchmarks();
 
 int main(int argc, char** argv)
 {
+    kovis::bench::registerAppendBenchmarks();
     kovis::bench::registerImageBenchmarks();
     kovis::bench::registerKernelBenchmarks();
     kovis::bench::registerLightnessBenchmarks();

@@ -19,6 +19,7 @@ constexpr std::uint64_t g_maxMebibytes = std::uint64_t{1} << 40;
 constexpr const char* g_mainFooter = "Examples:\n"
                                      "  kovis-color convert photo.jpg -o hsv.tif --to hsv\n"
                                      "  kovis-color lightness photo.jpg -o grey.png --formula luminosity\n"
+                                     "  kovis-color append photo.jpg mask.png -o four.tif\n"
                                      "  kovis-color info hsv.tif\n"
                                      "  kovis-color explain --from rgb --to lab\n"
                                      "  kovis-color kernels\n"
@@ -48,6 +49,15 @@ constexpr const char* g_lightnessFooter =
     "  kovis-color lightness photo.jpg -o grey.png\n"
     "  kovis-color lightness photo.png -o grey.tif --formula luminosity --type f32\n"
     "  kovis-color lightness stack.tif -o grey.tif --formula lightness --threads 2 --isa avx512 --json";
+
+constexpr const char* g_appendFooter =
+    "The result has the channels of all pictures, from left to right, in no space of its own (user): rgb and grey give four\n"
+    "channels, not rgba. The pictures must have one size, number of pages and element type, and no sample is changed. A format\n"
+    "that cannot hold the type takes the nearest that it can, rounded and saturated, as --type does.\n\n"
+    "Examples:\n"
+    "  kovis-color append photo.jpg mask.png -o four.tif\n"
+    "  kovis-color append red.tif green.tif blue.tif -o stack.tif --type f32\n"
+    "  kovis-color append a.tif b.tif -o ab.tif --threads 2 --isa sse2 --json";
 
 constexpr const char* g_infoFooter = "Examples:\n"
                                      "  kovis-color info photo.png\n"
@@ -87,15 +97,18 @@ private:
     /// The places of a picture and of the space that it is read in.
     void addInput(CLI::App& verb, std::string& input, std::string& from);
     void addLightness();
+    void addAppend();
 
     CLI::App m_app{"Converts pictures between colour spaces, and to grey ones.", "kovis-color"};
     CLI::App* m_convert = nullptr;
     CLI::App* m_lightness = nullptr;
+    CLI::App* m_append = nullptr;
     CLI::App* m_info = nullptr;
     CLI::App* m_explain = nullptr;
     CLI::App* m_kernels = nullptr;
     ConvertOptions m_convertOptions;
     LightnessOptions m_lightnessOptions;
+    AppendOptions m_appendOptions;
     InfoOptions m_infoOptions;
     ExplainOptions m_explainOptions;
     bool m_bKernelsJson = false;
@@ -135,6 +148,14 @@ void CommandLine::addLightness()
     addPictureOptions(*m_lightness, m_lightnessOptions, "generic, sse2, avx (f32 only), avx2, avx512");
 }
 
+void CommandLine::addAppend()
+{
+    m_append = m_app.add_subcommand("append", "Put the channels of pictures one after the other");
+    m_append->footer(g_appendFooter);
+    m_append->add_option("IN", m_appendOptions.inputs, "The pictures, from left to right: TIFF, PNG or JPEG")->required();
+    addPictureOptions(*m_append, m_appendOptions, "generic, sse2, avx (f32 only), avx2, avx512");
+}
+
 CommandLine::CommandLine()
 {
     m_app.require_subcommand(1);
@@ -152,6 +173,7 @@ CommandLine::CommandLine()
     addPictureOptions(*m_convert, m_convertOptions, "generic, sse2, avx (f32 to f32 only), avx2, fma3");
 
     addLightness();
+    addAppend();
 
     m_info = m_app.add_subcommand("info", "Tell what a picture file holds");
     m_info->footer(g_infoFooter);
@@ -197,7 +219,7 @@ int CommandLine::run(int argc, const char* const* argv, std::ostream& out, std::
         const std::vector<CLI::App*> verbs = m_app.get_subcommands();
         if (verbs.empty() && argc > 1 && argv[1][0] != '-' && argv[1][0] != '\0')
         {
-            const char* const names[] = {"convert", "lightness", "info", "explain", "kernels"};
+            const char* const names[] = {"convert", "lightness", "append", "info", "explain", "kernels"};
             throw ToolError("kovis-color", "there is no verb '" + std::string(argv[1]) + "'",
                             "did you mean '" + findNearest(argv[1], names, std::size(names)) + "'? See kovis-color --help",
                             eMisused);
@@ -210,6 +232,8 @@ int CommandLine::run(int argc, const char* const* argv, std::ostream& out, std::
         runConvert(m_convertOptions, out, err);
     else if (m_lightness->parsed())
         runLightness(m_lightnessOptions, out, err);
+    else if (m_append->parsed())
+        runAppend(m_appendOptions, out, err);
     else if (m_info->parsed())
         runInfo(m_infoOptions, out);
     else if (m_explain->parsed())

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <iosfwd>
 #include <string>
+#include <vector>
 
 namespace kovis::tool
 {
@@ -34,6 +35,12 @@ struct LightnessOptions : PictureOptions
     std::string formula;
 };
 
+/// What `kovis-color append` was told.
+struct AppendOptions : PictureOptions
+{
+    std::vector<std::string> inputs;
+};
+
 struct InfoOptions
 {
     std::string file;
@@ -54,6 +61,7 @@ struct ExplainOptions
 /// The verbs. Answers go to `out`, warnings and notes to `err`; what fails is thrown.
 void runConvert(const ConvertOptions& options, std::ostream& out, std::ostream& err);
 void runLightness(const LightnessOptions& options, std::ostream& out, std::ostream& err);
+void runAppend(const AppendOptions& options, std::ostream& out, std::ostream& err);
 void runInfo(const InfoOptions& options, std::ostream& out);
 void runExplain(const ExplainOptions& options, std::ostream& out);
 void runKernels(bool bJson, std::ostream& out);

@@ -6,6 +6,7 @@
 
 #include "KOVIS/KOVISCore/isAvailable.h"
 #include "KOVIS/KOVISImageProcessing/ImageBufferTypeIdentifier.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl3.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImgLvl3.h"
 
@@ -16,6 +17,7 @@ namespace kovis::tool
 {
 namespace
 {
+using imaproc::color::AppendColorChannelImgLvl3;
 using imaproc::color::ColorConvertImgLvl3;
 using imaproc::color::LightnessImgLvl3;
 constexpr const char* g_variable = "KOVIS_MAX_INSTRUCTION_SET";
@@ -73,6 +75,12 @@ void forceLightnessForm(const std::string& name)
     LightnessImgLvl3::forceInstructionSets(getAvailableForm(name, {"generic", "sse2", "avx", "avx2", "avx512"}).getSets());
 }
 
+void forceAppendForm(const std::string& name)
+{
+    AppendColorChannelImgLvl3::forceInstructionSets(
+        getAvailableForm(name, {"generic", "sse2", "avx", "avx2", "avx512"}).getSets());
+}
+
 KernelRow findConversionKernel(ElementType inputType, ElementType resultType)
 {
     imaproc::ImageBufferTypeIdentifier input;
@@ -95,7 +103,8 @@ KernelRow findConversionKernel(ElementType inputType, ElementType resultType)
 std::vector<std::pair<std::string, const processor::AlgorithmFunctionSelector*>> getKernelTables()
 {
     return {{ColorConvertImgLvl3::getObjectNameStr(), &ColorConvertImgLvl3::retrieveFunctionSelector()},
-            {LightnessImgLvl3::getObjectNameStr(), &LightnessImgLvl3::retrieveFunctionSelector()}};
+            {LightnessImgLvl3::getObjectNameStr(), &LightnessImgLvl3::retrieveFunctionSelector()},
+            {AppendColorChannelImgLvl3::getObjectNameStr(), &AppendColorChannelImgLvl3::retrieveFunctionSelector()}};
 }
 
 void checkEnvironment()

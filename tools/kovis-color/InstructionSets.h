@@ -25,10 +25,11 @@ struct KernelForm
 /// All forms, the weakest first.
 const std::vector<KernelForm>& getKernelForms();
 
-/// Makes all conversions, or lightness computations, run that form. Throws ToolError for a name that they have no kernels of
+/// Makes all conversions, lightness computations or appends run that form. Throws ToolError for a name that they have no kernels of
 /// (misused) and for a form that cannot run here.
 void forceConversionForm(const std::string& name);
 void forceLightnessForm(const std::string& name);
+void forceAppendForm(const std::string& name);
 
 /// A row of the conversion's kernel table.
 struct KernelRow
