@@ -56,6 +56,7 @@ private:
     ImagePtr append(ElementType type, const ProgressListener& listener) const;
 
     const AppendOptions& m_options;
+    boost::shared_ptr<imaproc::color::AppendColorChannelImgLvl1> m_processor;
     std::vector<boost::shared_ptr<Picture>> m_pictures;
 };
 
@@ -109,9 +110,12 @@ ImagePtr AppendRun::append(ElementType type, const ProgressListener& listener) c
     double step = 0.0;
     for (std::size_t k = 1; k < m_pictures.size(); ++k, step += 1.0)
     {
-        const auto processor = imaproc::color::appendColorChannelImg_async(first, wrapPicture(m_pictures[k], image::eCGT_User));
-        follow(*processor, listener, step / nbSteps, (step + 1.0) / nbSteps);
-        result = imaproc::color::getAsyncProcessorOutput(processor);
+        m_processor->getAttribute(imaproc::attr::OutColorImg::getObjectNameStr())->clear();
+        m_processor->set<imaproc::attr::InImg1>(first);
+        m_processor->set<imaproc::attr::InImg2>(wrapPicture(m_pictures[k], image::eCGT_User));
+        m_processor->run(core::eST_Asynchronous);
+        follow(*m_processor, listener, step / nbSteps, (step + 1.0) / nbSteps);
+        result = imaproc::color::getAsyncProcessorOutput(m_processor);
         first = result;
     }
     return type == shape.type ? result : changeType(result, shape, type, listener, step / nbSteps);
@@ -120,6 +124,12 @@ ImagePtr AppendRun::append(ElementType type, const ProgressListener& listener) c
 void AppendRun::run()
 {
     checkCommand();
+    m_processor = m_options.processor;
+    if (!m_processor)
+    {
+        m_processor = boost::make_shared<imaproc::color::AppendColorChannelImgLvl1>();
+        m_processor->init();
+    }
     readAll();
     const PictureShape& shape = m_pictures.front()->shape;
     std::size_t nbChannels = 0;
@@ -131,6 +141,7 @@ void AppendRun::run()
 
     const ImagePtr result = work(m_options.output, [&](const ProgressListener& listener) { return append(type, listener); });
     const PictureShape written = write(*result, image::eCGT_User);
+    save(m_processor, std::string());
     nlohmann::json answer;
     std::string counts;
     for (std::size_t k = 0; k < m_pictures.size(); ++k)

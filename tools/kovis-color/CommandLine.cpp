@@ -59,6 +59,14 @@ constexpr const char* g_appendFooter =
     "  kovis-color append red.tif green.tif blue.tif -o stack.tif --type f32\n"
     "  kovis-color append a.tif b.tif -o ab.tif --threads 2 --isa sse2 --json";
 
+constexpr const char* g_runFooter =
+    "The file says what convert, lightness or append was told: target, matrix, formula, and --from and --type where they were\n"
+    "given. Options of this command line come before those. The numbers are the same on every machine for the same --isa.\n\n"
+    "Examples:\n"
+    "  kovis-color convert photo.png -o lab.tif --to lab --save lab.json\n"
+    "  kovis-color run lab.json another.png -o another.tif\n"
+    "  kovis-color run grey.json photo.jpg -o grey.png --json";
+
 constexpr const char* g_infoFooter = "Examples:\n"
                                      "  kovis-color info photo.png\n"
                                      "  kovis-color info stack.tif --json";
@@ -98,17 +106,20 @@ private:
     void addInput(CLI::App& verb, std::string& input, std::string& from);
     void addLightness();
     void addAppend();
+    void addRun();
 
     CLI::App m_app{"Converts pictures between colour spaces, and to grey ones.", "kovis-color"};
     CLI::App* m_convert = nullptr;
     CLI::App* m_lightness = nullptr;
     CLI::App* m_append = nullptr;
+    CLI::App* m_run = nullptr;
     CLI::App* m_info = nullptr;
     CLI::App* m_explain = nullptr;
     CLI::App* m_kernels = nullptr;
     ConvertOptions m_convertOptions;
     LightnessOptions m_lightnessOptions;
     AppendOptions m_appendOptions;
+    RunOptions m_runOptions;
     InfoOptions m_infoOptions;
     ExplainOptions m_explainOptions;
     bool m_bKernelsJson = false;
@@ -128,6 +139,8 @@ void CommandLine::addPictureOptions(CLI::App& verb, PictureOptions& options, con
     verb.add_option("--threads", options.threads, "Threads to use (all processors if not given)")
         ->check(CLI::Range(1U, g_maxThreads));
     addMaxMemory(verb, options.maxMemory);
+    verb.add_option("--save", options.save, "Keep what was set, without the pictures, in this file, for kovis-color run")
+        ->check(refuseEmpty);
     verb.add_flag("--json", options.bJson, "Tell what was done as JSON");
 }
 
@@ -156,6 +169,16 @@ void CommandLine::addAppend()
     addPictureOptions(*m_append, m_appendOptions, "generic, sse2, avx (f32 only), avx2, avx512");
 }
 
+void CommandLine::addRun()
+{
+    m_run = m_app.add_subcommand("run", "Do again what --save kept, with other pictures");
+    m_run->footer(g_runFooter);
+    m_run->add_option("FILE", m_runOptions.file, "The file of --save")->required();
+    m_run->add_option("IN", m_runOptions.inputs, "The pictures, as many as the saved verb takes: TIFF, PNG or JPEG")->required();
+    m_run->add_option("--from", m_runOptions.from, "Space of the input (as it was saved if not given)")->check(refuseEmpty);
+    addPictureOptions(*m_run, m_runOptions, "as for the saved verb");
+}
+
 CommandLine::CommandLine()
 {
     m_app.require_subcommand(1);
@@ -174,6 +197,7 @@ CommandLine::CommandLine()
 
     addLightness();
     addAppend();
+    addRun();
 
     m_info = m_app.add_subcommand("info", "Tell what a picture file holds");
     m_info->footer(g_infoFooter);
@@ -219,7 +243,7 @@ int CommandLine::run(int argc, const char* const* argv, std::ostream& out, std::
         const std::vector<CLI::App*> verbs = m_app.get_subcommands();
         if (verbs.empty() && argc > 1 && argv[1][0] != '-' && argv[1][0] != '\0')
         {
-            const char* const names[] = {"convert", "lightness", "append", "info", "explain", "kernels"};
+            const char* const names[] = {"convert", "lightness", "append", "run", "info", "explain", "kernels"};
             throw ToolError("kovis-color", "there is no verb '" + std::string(argv[1]) + "'",
                             "did you mean '" + findNearest(argv[1], names, std::size(names)) + "'? See kovis-color --help",
                             eMisused);
@@ -234,6 +258,8 @@ int CommandLine::run(int argc, const char* const* argv, std::ostream& out, std::
         runLightness(m_lightnessOptions, out, err);
     else if (m_append->parsed())
         runAppend(m_appendOptions, out, err);
+    else if (m_run->parsed())
+        runSaved(m_runOptions, out, err);
     else if (m_info->parsed())
         runInfo(m_infoOptions, out);
     else if (m_explain->parsed())

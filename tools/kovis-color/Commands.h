@@ -1,9 +1,18 @@
 #pragma once
 
+#include <boost/shared_ptr.hpp>
+
 #include <cstdint>
 #include <iosfwd>
 #include <string>
 #include <vector>
+
+namespace kovis::imaproc::color
+{
+class AppendColorChannelImgLvl1;
+class ColorConvertImgLvl1;
+class LightnessImgLvl1;
+} // namespace kovis::imaproc::color
 
 namespace kovis::tool
 {
@@ -13,6 +22,7 @@ struct PictureOptions
     std::string output;
     std::string type;
     std::string isa;
+    std::string save; ///< file that keeps the processor of the run
     unsigned int threads = 0;
     std::uint64_t maxMemory = 0; ///< MiB
     bool bJson = false;
@@ -25,6 +35,7 @@ struct ConvertOptions : PictureOptions
     std::string from;
     std::string to;
     std::string matrix;
+    boost::shared_ptr<imaproc::color::ColorConvertImgLvl1> processor; ///< a saved one, in place of `to` and `matrix`
 };
 
 /// What `kovis-color lightness` was told.
@@ -33,12 +44,22 @@ struct LightnessOptions : PictureOptions
     std::string input;
     std::string from;
     std::string formula;
+    boost::shared_ptr<imaproc::color::LightnessImgLvl1> processor; ///< a saved one, in place of `formula`
 };
 
 /// What `kovis-color append` was told.
 struct AppendOptions : PictureOptions
 {
     std::vector<std::string> inputs;
+    boost::shared_ptr<imaproc::color::AppendColorChannelImgLvl1> processor; ///< a saved one; empty: a new one
+};
+
+/// What `kovis-color run` was told.
+struct RunOptions : PictureOptions
+{
+    std::string file;
+    std::vector<std::string> inputs;
+    std::string from;
 };
 
 struct InfoOptions
@@ -62,6 +83,7 @@ struct ExplainOptions
 void runConvert(const ConvertOptions& options, std::ostream& out, std::ostream& err);
 void runLightness(const LightnessOptions& options, std::ostream& out, std::ostream& err);
 void runAppend(const AppendOptions& options, std::ostream& out, std::ostream& err);
+void runSaved(const RunOptions& options, std::ostream& out, std::ostream& err);
 void runInfo(const InfoOptions& options, std::ostream& out);
 void runExplain(const ExplainOptions& options, std::ostream& out);
 void runKernels(bool bJson, std::ostream& out);

@@ -22,6 +22,7 @@ namespace
 {
 using image::BaseImage;
 using imaproc::attr::ColorConversionTransform;
+using imaproc::color::ColorConvertImgLvl1;
 using TransformPtr = boost::shared_ptr<const ColorConversionTransform>;
 
 constexpr std::chrono::milliseconds g_listeningInterval(100);
@@ -166,18 +167,42 @@ boost::shared_ptr<BaseImage> convertSlices(const boost::shared_ptr<Picture>& pic
     return result;
 }
 
-boost::shared_ptr<BaseImage> convertPicture(const boost::shared_ptr<Picture>& picture, const Conversion& conversion,
+boost::shared_ptr<ColorConvertImgLvl1> makeProcessor(const Conversion& conversion)
+{
+    const auto processor = boost::make_shared<ColorConvertImgLvl1>();
+    processor->init();
+    processor->set<imaproc::attr::InColorConversionTransform>(makeTransform(conversion));
+    return processor;
+}
+
+void takeTransform(const ColorConvertImgLvl1& processor, Conversion& conversion)
+{
+    const auto attribute = boost::dynamic_pointer_cast<imaproc::attr::InColorConversionTransform>(
+        processor.getAttribute(imaproc::attr::InColorConversionTransform::getObjectNameStr()));
+    const TransformPtr transform = attribute ? attribute->getStorage() : TransformPtr();
+    if (!transform)
+        throw std::runtime_error("the conversion has no transform: set it before the processor is saved");
+    conversion.to = transform->getTargetGeometry();
+    conversion.matrix = transform->getMatrix();
+}
+
+boost::shared_ptr<BaseImage> convertPicture(const boost::shared_ptr<ColorConvertImgLvl1>& processor,
+                                            const boost::shared_ptr<Picture>& picture, const Conversion& conversion,
                                             const ProgressListener& listener)
 {
     if (isLeftEmptyByTheLibrary(conversion, picture->shape.type))
         return convertSlices(picture, conversion, true, listener);
-    const boost::shared_ptr<const BaseImage> input = wrapPicture(picture, conversion.from);
-    const TransformPtr transform = makeTransform(conversion);
-    const auto processor = conversion.resultType
-                               ? imaproc::color::colorConvertImg_async(
-                                     input, transform, makeResult(picture->shape, conversion, *conversion.resultType))
-                               : imaproc::color::colorConvertImg_async(input, transform);
+    processor->set<imaproc::attr::InColorImg>(wrapPicture(picture, conversion.from));
+    if (conversion.resultType)
+        processor->set<imaproc::attr::OutColorImg>(makeResult(picture->shape, conversion, *conversion.resultType));
+    processor->run(core::eST_Asynchronous);
     follow(*processor, listener, 0.0, 1.0);
     return imaproc::color::getAsyncProcessorOutput(processor);
+}
+
+boost::shared_ptr<BaseImage> convertPicture(const boost::shared_ptr<Picture>& picture, const Conversion& conversion,
+                                            const ProgressListener& listener)
+{
+    return convertPicture(makeProcessor(conversion), picture, conversion, listener);
 }
 } // namespace kovis::tool

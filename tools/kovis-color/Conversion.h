@@ -13,6 +13,11 @@
 #include <string>
 #include <vector>
 
+namespace kovis::imaproc::color
+{
+class ColorConvertImgLvl1;
+}
+
 namespace kovis::tool
 {
 /// What to make of a picture.
@@ -46,6 +51,18 @@ bool isLeftEmptyByTheLibrary(const Conversion& conversion, ElementType inputType
 /// Converts slice by slice with the library's two-dimensional processor, after the test of the range where `bRangeTest` says so.
 boost::shared_ptr<image::BaseImage> convertSlices(const boost::shared_ptr<Picture>& picture, const Conversion& conversion,
                                                   bool bRangeTest, const ProgressListener& listener);
+
+/// The library's processor of a conversion, that waits for its images.
+boost::shared_ptr<imaproc::color::ColorConvertImgLvl1> makeProcessor(const Conversion& conversion);
+
+/// Takes the target and the matrix of a processor over. Throws std::runtime_error if it has no transform.
+void takeTransform(const imaproc::color::ColorConvertImgLvl1& processor, Conversion& conversion);
+
+/// Converts by that processor, or around it where it would leave an empty image. What the library refuses comes out as its own
+/// exception. The picture is kept alive by the call alone.
+boost::shared_ptr<image::BaseImage> convertPicture(const boost::shared_ptr<imaproc::color::ColorConvertImgLvl1>& processor,
+                                                   const boost::shared_ptr<Picture>& picture, const Conversion& conversion,
+                                                   const ProgressListener& listener);
 
 /// Converts. What the library refuses comes out as its own exception. The picture is kept alive by the call alone.
 boost::shared_ptr<image::BaseImage> convertPicture(const boost::shared_ptr<Picture>& picture, const Conversion& conversion,

@@ -11,6 +11,8 @@
 #include "SampleNote.h"
 #include "ToolError.h"
 
+#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl1.h"
+
 namespace kovis::tool
 {
 namespace
@@ -40,7 +42,10 @@ private:
 void ConvertRun::checkCommand()
 {
     checkOutputFormat();
-    m_conversion.to = parseSpace("--to", m_options.to);
+    if (m_options.processor)
+        takeTransform(*m_options.processor, m_conversion);
+    else
+        m_conversion.to = parseSpace("--to", m_options.to);
     if (!m_options.from.empty())
         parseSpace("--from", m_options.from);
     if (!m_options.type.empty())
@@ -90,9 +95,13 @@ void ConvertRun::run()
     checkConversion(m_options.input, m_conversion, picture->shape.channels);
     checkCanHold(m_options.output, getFormat(), getResultChannels(m_conversion, picture->shape.channels), picture->shape.pages);
     chooseType(picture->shape);
+    const auto processor = m_options.processor ? m_options.processor : makeProcessor(m_conversion);
     const boost::shared_ptr<image::BaseImage> result =
-        work(m_options.input, [&](const ProgressListener& listener) { return convertPicture(picture, m_conversion, listener); });
-    tell(*picture, write(*result, m_conversion.to));
+        work(m_options.input,
+             [&](const ProgressListener& listener) { return convertPicture(processor, picture, m_conversion, listener); });
+    const PictureShape written = write(*result, m_conversion.to);
+    save(processor, m_options.from);
+    tell(*picture, written);
 }
 } // namespace
 

@@ -10,6 +10,9 @@
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImg.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImg.h"
 
+#include <boost/make_shared.hpp>
+#include <boost/pointer_cast.hpp>
+
 #include <algorithm>
 #include <cctype>
 #include <iterator>
@@ -19,6 +22,7 @@ namespace kovis::tool
 namespace
 {
 using imaproc::attr::eLightnessType;
+using imaproc::color::LightnessImgLvl1;
 
 /// In the order of their numbers.
 constexpr const char* g_formulas[] = {"average", "lightness", "luminosity"};
@@ -69,8 +73,19 @@ private:
                                                 ElementType type, const ProgressListener& listener) const;
 
     const LightnessOptions& m_options;
+    boost::shared_ptr<LightnessImgLvl1> m_processor;
     eLightnessType m_formula = imaproc::attr::eLT_Average;
 };
+
+/// The formula of a saved processor; numbers beyond the last one count as that.
+eLightnessType getFormula(const LightnessImgLvl1& processor)
+{
+    const auto attribute = boost::dynamic_pointer_cast<imaproc::attr::InLightnessType>(
+        processor.getAttribute(imaproc::attr::InLightnessType::getObjectNameStr()));
+    const eLightnessType formula = attribute ? attribute->getValue() : imaproc::attr::eLT_Average;
+    return formula < imaproc::attr::eLT_Average || formula > imaproc::attr::eLT_Luminosity ? imaproc::attr::eLT_Luminosity
+                                                                                           : formula;
+}
 
 /// What can be told before the input is read.
 void LightnessRun::checkCommand()
@@ -78,6 +93,15 @@ void LightnessRun::checkCommand()
     checkOutputFormat();
     if (!m_options.formula.empty())
         m_formula = parseFormula(m_options.formula);
+    m_processor = m_options.processor;
+    if (m_processor)
+        m_formula = getFormula(*m_processor);
+    else
+    {
+        m_processor = boost::make_shared<LightnessImgLvl1>();
+        m_processor->init();
+        m_processor->set<imaproc::attr::InLightnessType>(m_formula);
+    }
     if (!m_options.from.empty())
         parseSpace("--from", m_options.from);
     if (!m_options.type.empty())
@@ -92,10 +116,11 @@ boost::shared_ptr<image::BaseImage> LightnessRun::compute(const boost::shared_pt
                                                           image::eColorGeometryType space, ElementType type,
                                                           const ProgressListener& listener) const
 {
-    const auto processor = imaproc::color::lightnessImg_async(wrapPicture(picture, space), m_formula);
+    m_processor->set<imaproc::attr::InColorImg>(wrapPicture(picture, space));
+    m_processor->run(core::eST_Asynchronous);
     const bool bSameType = type == picture->shape.type;
-    follow(*processor, listener, 0.0, bSameType ? 1.0 : 0.9);
-    const boost::shared_ptr<image::BaseImage> grey = imaproc::color::getAsyncProcessorOutput(processor);
+    follow(*m_processor, listener, 0.0, bSameType ? 1.0 : 0.9);
+    const boost::shared_ptr<image::BaseImage> grey = imaproc::color::getAsyncProcessorOutput(m_processor);
     return bSameType ? grey : changeType(grey, picture->shape, type, listener);
 }
 
@@ -113,6 +138,7 @@ void LightnessRun::run()
     const boost::shared_ptr<image::BaseImage> result =
         work(m_options.input, [&](const ProgressListener& listener) { return compute(picture, space, type, listener); });
     const PictureShape written = write(*result, image::eCGT_Grey);
+    save(m_processor, m_options.from);
     nlohmann::json answer;
     answer["input"] = describe(m_options.input, shape, space);
     answer["output"] = describe(m_options.output, written, image::eCGT_Grey);

@@ -5,6 +5,7 @@
 #include "OutputFile.h"
 #include "PictureFile.h"
 #include "ProgressBar.h"
+#include "SavedRun.h"
 #include "SpaceTag.h"
 #include "ToolError.h"
 
@@ -12,10 +13,23 @@
 
 #include <boost/make_shared.hpp>
 
+#include <filesystem>
 #include <ostream>
 
 namespace kovis::tool
 {
+namespace
+{
+/// Throws ToolError (misused) where the file of --save is another of the run, `whatElse`. Neither need be there yet.
+void checkSavePath(const std::string& savePath, const std::string& otherPath, const std::string& whatElse)
+{
+    std::error_code error;
+    if (!savePath.empty() &&
+        std::filesystem::weakly_canonical(savePath, error) == std::filesystem::weakly_canonical(otherPath, error))
+        throw ToolError(savePath, "is " + whatElse + " itself", "give --save another name", eMisused);
+}
+} // namespace
+
 double PictureRun::lap()
 {
     const auto now = std::chrono::steady_clock::now();
@@ -32,13 +46,21 @@ void PictureRun::checkOutputFormat()
 void PictureRun::begin()
 {
     core::setMaxConcurrency(m_options.threads);
-    // Where the output cannot be written, that is said before the work.
-    const OutputFile probe(m_options.output);
+    // Where a file cannot be written, that is said before the work.
+    {
+        const OutputFile probe(m_options.output);
+    }
+    checkSavePath(m_options.save, m_options.output, "the output");
+    if (!m_options.save.empty())
+    {
+        const OutputFile probe(m_options.save);
+    }
     lap();
 }
 
 boost::shared_ptr<Picture> PictureRun::read(const std::string& input)
 {
+    checkSavePath(m_options.save, input, "an input");
     ReadLimits limits;
     if (m_options.maxMemory != 0)
         limits.maxBytes = m_options.maxMemory << 20;
@@ -99,6 +121,12 @@ PictureShape PictureRun::write(const image::BaseImage& image, image::eColorGeome
     writePicture(m_options.output, view);
     m_writeSeconds = lap();
     return view.shape;
+}
+
+void PictureRun::save(const boost::shared_ptr<processor::BaseProcessor>& processor, const std::string& from)
+{
+    if (!m_options.save.empty())
+        writeSavedRun(m_options.save, {processor, from, m_options.type});
 }
 
 void PictureRun::warn(const std::string& subject, const std::string& text)

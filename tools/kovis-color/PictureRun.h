@@ -5,6 +5,7 @@
 #include "Numbers.h"
 #include "Picture.h"
 
+#include "KOVIS/KOVISBaseProcessing/BaseProcessor.h"
 #include "KOVIS/KOVISImage/BaseImage.h"
 
 #include <boost/shared_ptr.hpp>
@@ -31,7 +32,7 @@ protected:
 
     /// Takes the format of the output from its name. Throws ToolError (misused) for one that names none.
     void checkOutputFormat();
-    /// Takes over the number of threads, and throws ToolError for an output that cannot be written.
+    /// Takes over the number of threads, and throws ToolError for an output, or a file of --save, that cannot be written.
     void begin();
 
     boost::shared_ptr<Picture> read(const std::string& input);
@@ -48,6 +49,9 @@ protected:
 
     /// Writes the file, and gives the shape that it has there.
     PictureShape write(const image::BaseImage& image, image::eColorGeometryType space);
+
+    /// Keeps the processor of the run, and the space that the input was said to be in, where --save says so.
+    void save(const boost::shared_ptr<processor::BaseProcessor>& processor, const std::string& from);
 
     void warn(const std::string& subject, const std::string& text);
 
