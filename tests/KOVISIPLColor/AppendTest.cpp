@@ -1,4 +1,5 @@
 #include "ColorTestImages.h"
+#include "ErrorText.h"
 
 #include "KOVIS/KOVISBaseProcessing/BaseProcessorDispatcher.h"
 #include "KOVIS/KOVISBaseProcessing/KOVISBaseProcessingLog.h"
@@ -194,19 +195,7 @@ TEST(AppendColorChannelImg, RunsInTheBackground)
                  processor::KOVISBaseProcessingException);
 }
 
-template <class TCall>
-std::string getError(const TCall& call)
-{
-    try
-    {
-        call();
-    }
-    catch (const BaseException& e)
-    {
-        return e.what();
-    }
-    return "nothing was thrown";
-}
+using test::getError;
 
 TEST(AppendColorChannelImg, RefusesImagesThatDoNotFit)
 {

@@ -1,4 +1,5 @@
 #include "ColorTestImages.h"
+#include "ErrorText.h"
 
 #include "KOVIS/KOVISBaseProcessing/KOVISBaseProcessingLog.h"
 #include "KOVISIPL/KOVISIPLColor/KOVISIPLColorLog.h"
@@ -20,20 +21,7 @@ boost::shared_ptr<attr::ColorConversionTransform> makeUserTransform(const std::v
     return transform;
 }
 
-template <class TCall>
-std::string getError(const TCall& call)
-{
-    try
-    {
-        call();
-    }
-    catch (const BaseException& e)
-    {
-        return e.what();
-    }
-    ADD_FAILURE() << "nothing was thrown";
-    return std::string();
-}
+using test::getError;
 
 TEST(ColorConvertImg, DoesTheSameForASpaceAndForItsTransform)
 {

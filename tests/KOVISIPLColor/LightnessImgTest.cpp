@@ -1,4 +1,5 @@
 #include "ColorTestImages.h"
+#include "ErrorText.h"
 #include "SplitNames.h"
 
 #include "KOVIS/KOVISBaseProcessing/KOVISBaseProcessingLog.h"
@@ -30,20 +31,7 @@ using attr::eLT_Luminosity;
 
 constexpr eLightnessType g_formulas[] = {eLT_Average, eLT_Lightness, eLT_Luminosity};
 
-template <class TCall>
-std::string getError(const TCall& call)
-{
-    try
-    {
-        call();
-    }
-    catch (const BaseException& e)
-    {
-        return e.what();
-    }
-    ADD_FAILURE() << "nothing was thrown";
-    return std::string();
-}
+using test::getError;
 
 /// Fills every plane with numbers of its own.
 template <class T>
