@@ -292,6 +292,13 @@ TEST(RangeTest, LeavesTheWorkingImageInItsAttributeAfterAGoodRun)
     EXPECT_EQ(test::getPlanes<float>(*working), test::getPlanes<float>(*test::makeFilledImage<float>(9, 4, eCGT_Rgb, 100.0F)));
     EXPECT_EQ(test::getPlanes<float>(*processor->getStorage<attr::OutColorImg>()), convertedByLevel2(in, eCGT_CieLab));
 
+    // ... where the next run's input has to match it
+    processor->set<attr::InColorImg>(test::makeFilledImage<unsigned char>(6, 4, eCGT_Rgb, 100));
+    processor->set<attr::OutColorImg>(createImage2d(6, 4, eCGT_CieLab, eIBT_Real));
+    EXPECT_THROW(processor::executeSyncRun(processor), BaseException);
+    getWorkingAttribute(*processor)->clear();
+    EXPECT_NO_THROW(processor::executeSyncRun(processor));
+
     // a pair that is not measured has none
     const auto other = makeLevel1(in, eCGT_CieLuv);
     processor::executeSyncRun(other);
