@@ -5,6 +5,7 @@
 #include "KOVISIPLColor/KernelTableRows.h"
 #include "KOVISIPLColor/kernel/KernelGrid.h"
 #include "KOVISIPLColor/kernel/KernelSamples.h"
+#include "KOVISIPLColor/kernel/OpenAlgorithm.h"
 #include "support/AppendModel.h"
 
 #include <boost/make_shared.hpp>
@@ -95,8 +96,7 @@ PlaneModel modelOf(int inType, int outType)
     return models[place(inType) * 7 + place(outType)];
 }
 
-/// The strip processor with its parsers within reach.
-class OpenLvl3 : public AppendColorChannelImgLvl3
+class OpenLvl3 : public OpenAlgorithm<AppendColorChannelImgLvl3>
 {
 public:
     OpenLvl3(const boost::shared_ptr<BaseImage>& in1, const boost::shared_ptr<BaseImage>& in2,
@@ -107,20 +107,6 @@ public:
         set<imaproc::attr::InColorYStrip2>(makeInputStrip(in2, 0, 1));
         set<imaproc::attr::OutColorYStrip2d>(makeOutputStrip(out, 0, 1));
     }
-
-    void bind() { initDataParserColl(m_parsers); }
-    const std::vector<boost::shared_ptr<processor::BaseDataParser>>& getParsers() const { return m_parsers; }
-
-    bool call(const AlgorithmFunctionIdentifier& row, unsigned long nbPixels)
-    {
-        processor::ProcessingInfo info;
-        info.m_nbElements = nbPixels;
-        info.m_nbExactElements = nbPixels;
-        return static_cast<bool>((this->*row.getFunction())(info));
-    }
-
-private:
-    std::vector<boost::shared_ptr<processor::BaseDataParser>> m_parsers;
 };
 
 /// Two inputs of 2 and 1 channels and an output, of the types of a row.

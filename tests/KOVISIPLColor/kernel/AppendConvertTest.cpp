@@ -35,8 +35,8 @@ struct AppendCheck
             for (unsigned long i = 0; i < reach; ++i)
             {
                 const Tout expected = modelAppend<Tin, Tout>(form, in[0][i]);
-                ASSERT_TRUE(sameBits(out[0][i], expected))
-                    << "count " << count << ", element " << i << ": " << +in[0][i] << " gives " << +out[0][i] << " for " << +expected;
+                ASSERT_TRUE(sameBits(out[0][i], expected)) << "count " << count << ", element " << i << ": " << +in[0][i]
+                                                           << " gives " << +out[0][i] << " for " << +expected;
             }
         }
     }
@@ -66,19 +66,7 @@ struct AppendReachCheck
     }
 };
 
-/// The forms of the append: AVX serves float alone.
-template <template <class, class, class> class Check>
-std::vector<GridPlace> makeAppendGrid()
-{
-    std::vector<GridPlace> grid;
-    PixelTypes* const types = nullptr;
-    addForm<Check, simd::generic::Register>(grid, types);
-    addForm<Check, simd::sse2::Register>(grid, types);
-    addPlace<Check, simd::avx::Register, float, float>(grid);
-    addForm<Check, simd::avx2::Register>(grid, types);
-    addForm<Check, simd::avx512::Register>(grid, types);
-    return grid;
-}
+using Widest = simd::avx512::Register;
 
 /// One sample; every lane of the block gives the same.
 template <class Register, class Tin, class Tout>
@@ -130,8 +118,8 @@ TEST_P(AppendConvertGrid, GivesTheBitsOfTheModel)
 {
     GetParam().m_check(*GetParam().m_form);
 }
-INSTANTIATE_TEST_SUITE_P(Append, AppendConvertGrid, testing::ValuesIn(makeAppendGrid<AppendCheck>()), placeName);
-INSTANTIATE_TEST_SUITE_P(AppendReach, AppendConvertGrid, testing::ValuesIn(makeAppendGrid<AppendReachCheck>()), placeName);
+INSTANTIATE_TEST_SUITE_P(Append, AppendConvertGrid, testing::ValuesIn(makeGrid<AppendCheck, Widest>()), placeName);
+INSTANTIATE_TEST_SUITE_P(AppendReach, AppendConvertGrid, testing::ValuesIn(makeGrid<AppendReachCheck, Widest>()), placeName);
 
 TEST(AppendConvert, NarrowsSixteenBits)
 {

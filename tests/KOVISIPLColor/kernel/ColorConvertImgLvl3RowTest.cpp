@@ -3,6 +3,7 @@
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3.h"
 #include "KOVISIPLColor/kernel/KernelGrid.h"
 #include "KOVISIPLColor/kernel/KernelSamples.h"
+#include "KOVISIPLColor/kernel/OpenAlgorithm.h"
 
 #include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
@@ -46,8 +47,7 @@ const ModelForm& formOf(const processor::InstructionSetsIdentifier& sets)
     return sets.contains(eInstructionSet::eIS_SSE2) ? g_sse2Form : g_genericForm;
 }
 
-/// The strip processor with its parsers within reach.
-class OpenLvl3 : public ColorConvertImgLvl3
+class OpenLvl3 : public OpenAlgorithm<ColorConvertImgLvl3>
 {
 public:
     OpenLvl3(const boost::shared_ptr<BaseImage>& in, const boost::shared_ptr<BaseImage>& out, const std::vector<float>& matrix)
@@ -59,19 +59,6 @@ public:
         set<imaproc::attr::InColorConversionTransform>(transform);
         set<imaproc::attr::OutColorYStrip2d>(makeOutputStrip(out, 0, 1));
     }
-
-    void bind() { initDataParserColl(m_parsers); }
-
-    bool call(const AlgorithmFunctionIdentifier& row, unsigned long nbPixels)
-    {
-        processor::ProcessingInfo info;
-        info.m_nbElements = nbPixels;
-        info.m_nbExactElements = nbPixels;
-        return static_cast<bool>((this->*row.getFunction())(info));
-    }
-
-private:
-    std::vector<boost::shared_ptr<processor::BaseDataParser>> m_parsers;
 };
 
 template <class Tin, class Tout>

@@ -122,8 +122,9 @@ void addForm(std::vector<GridPlace>& grid, std::tuple<Tins...>*)
     (addTargets<Check, Register, Tins>(grid, static_cast<PixelTypes*>(nullptr)), ...);
 }
 
-/// Check<Register, Tin, Tout>::run at every place: 49 pairs for each form, float to float alone for AVX.
-template <template <class, class, class> class Check>
+/// Check<Register, Tin, Tout>::run at every place: 49 pairs for each form, float to float alone for AVX. Widest is the form above
+/// AVX2 that the kernels have.
+template <template <class, class, class> class Check, class Widest = simd::fma3_avx2::Register>
 std::vector<GridPlace> makeGrid()
 {
     std::vector<GridPlace> grid;
@@ -132,7 +133,7 @@ std::vector<GridPlace> makeGrid()
     addForm<Check, simd::sse2::Register>(grid, types);
     addPlace<Check, simd::avx::Register, float, float>(grid);
     addForm<Check, simd::avx2::Register>(grid, types);
-    addForm<Check, simd::fma3_avx2::Register>(grid, types);
+    addForm<Check, Widest>(grid, types);
     return grid;
 }
 
