@@ -1,4 +1,5 @@
 #include "KOVIS/KOVISUtil/DynamicObjectFactory.h"
+#include "KOVISIPL/KOVISIPLUtility/ConvertImgLvl1.h"
 #include "KOVISIPLColor/archive/ArchivedRuns.h"
 
 #include <gtest/gtest.h>
@@ -136,6 +137,26 @@ TEST(ProcessorRoundTrip, KeepsWhatIsNotSetAndTheRulePolicy)
     const auto null = makeConversion(image::eCGT_HSV);
     null->set<imaproc::attr::InColorConversionTransform>(imaproc::attr::InColorConversionTransform::StorageType());
     EXPECT_FALSE(getTransform(readObjects(writeObjects({null})).at(0)));
+}
+
+TEST(ProcessorRoundTrip, KeepsNumbersOfEnumerationsAsTheyWereSet)
+{
+    for (const int number : {0, 2, 3, -7, std::numeric_limits<int>::max()})
+    {
+        const auto lightness = makeLightness(static_cast<imaproc::attr::eLightnessType>(number));
+        const auto readLightness = boost::dynamic_pointer_cast<LightnessImgLvl1>(readObjects(writeObjects({lightness})).at(0));
+        EXPECT_EQ(dynamic_cast<const imaproc::attr::InLightnessType&>(*readLightness->getAttribute("InLightnessType")).getValue(),
+                  number);
+
+        const auto conversion = boost::make_shared<imaproc::util::ConvertImgLvl1>();
+        conversion->init();
+        conversion->set<imaproc::attr::InConvertImageBufferType>(static_cast<image::eImageBufferType>(number));
+        const auto read =
+            boost::dynamic_pointer_cast<imaproc::util::ConvertImgLvl1>(readObjects(writeObjects({conversion})).at(0));
+        EXPECT_EQ(dynamic_cast<const imaproc::attr::InConvertImageBufferType&>(*read->getAttribute("InConvertImageBufferType"))
+                      .getValue(),
+                  number);
+    }
 }
 
 TEST(ProcessorRoundTrip, ReplacesTheValuesOfTheReader)

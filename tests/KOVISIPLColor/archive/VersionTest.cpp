@@ -223,6 +223,8 @@ TEST(ProcessorVersions, AreTestedForEveryClass)
             EXPECT_EQ(std::count(names.begin(), names.end(), g_namespace + algorithm + level), 1) << algorithm << level;
         }
     }
+    EXPECT_EQ(std::count(names.begin(), names.end(), g_namespace + "AppendColorChannelImgGpuLvl3"), 1);
+    EXPECT_EQ(names.size(), 10U);
 }
 } // namespace
 } // namespace kovis::imaproc::color
