@@ -7,7 +7,7 @@ namespace kovis
 struct JsonArchiveLimits
 {
     unsigned long m_maxBytes = 1UL << 25;      ///< of the text
-    unsigned long m_maxDepth = 16;             ///< of sections in sections
+    unsigned long m_maxDepth = 16;             ///< of sections in sections; each needs some stack
     unsigned long m_maxSections = 1UL << 16;   ///< in all
     unsigned long m_maxItems = 1UL << 16;      ///< in all
     unsigned long m_maxNumbers = 1UL << 20;    ///< in all lists together
