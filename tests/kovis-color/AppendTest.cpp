@@ -125,4 +125,28 @@ TEST_F(AppendVerb, refusesChannelsThatTheFormatCannotHold)
     EXPECT_TRUE(contains(run.err, "6")) << run.err;
     EXPECT_EQ(m_folder.getNames(), (std::vector<std::string>{"grey.tif", "in.tif"}));
 }
+TEST_F(AppendVerb, onTheGpuGivesTheSameOrSaysInOneLineThatThereIsNone)
+{
+    const ProgramRun run = append({m_input, m_grey}, {"--gpu"});
+    EXPECT_EQ(countLines(run.err), 1U) << run.err;
+    if (run.exitCode == 0)
+    {
+        EXPECT_TRUE(contains(run.err, "appended on the GPU (")) << run.err;
+        const std::vector<std::uint8_t> onGpu = readPixels<std::uint8_t>(4);
+        ASSERT_EQ(append({m_input, m_grey}).exitCode, 0);
+        EXPECT_EQ(readPixels<std::uint8_t>(4), onGpu);
+        return;
+    }
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TRUE(contains(run.err, "--gpu: there is no usable GPU: ")) << run.err;
+    EXPECT_TRUE(contains(run.err, "leave --gpu out")) << run.err;
+    for (const std::string& name : m_folder.getNames())
+        EXPECT_NE(name, "out.tif");
+}
+
+TEST_F(AppendVerb, refusesAnInstructionSetForTheGpu)
+{
+    expectMisuse(append({m_input, m_grey}, {"--gpu", "--isa", "sse2"}), {"--gpu", "--isa"});
+}
+
 } // namespace kovis::tool::test

@@ -1,4 +1,5 @@
 #include "ColourSpace.h"
+#include "GpuAppend.h"
 #include "InstructionSets.h"
 #include "LibraryImage.h"
 #include "OutputFile.h"
@@ -53,11 +54,16 @@ private:
     void checkCommand();
     void readAll();
     void checkPicture(const std::string& input, const PictureShape& shape) const;
+    /// One step, on the processor or the GPU, as the part of the progress from `begin` to `end`.
+    ImagePtr appendTwo(const boost::shared_ptr<const image::BaseImage>& first,
+                       const boost::shared_ptr<const image::BaseImage>& second, const ProgressListener& listener, double begin,
+                       double end) const;
     ImagePtr append(ElementType type, const ProgressListener& listener) const;
 
     const AppendOptions& m_options;
     boost::shared_ptr<imaproc::color::AppendColorChannelImgLvl1> m_processor;
     std::vector<boost::shared_ptr<Picture>> m_pictures;
+    std::string m_gpuName; ///< empty without --gpu
 };
 
 /// What can be told before the inputs are read.
@@ -73,6 +79,8 @@ void AppendRun::checkCommand()
         checkNotTheInput(m_options.output, input);
     if (!m_options.isa.empty())
         forceAppendForm(m_options.isa);
+    if (m_options.bGpu)
+        m_gpuName = getGpuName();
     begin();
 }
 
@@ -100,6 +108,24 @@ void AppendRun::readAll()
     }
 }
 
+ImagePtr AppendRun::appendTwo(const boost::shared_ptr<const image::BaseImage>& first,
+                              const boost::shared_ptr<const image::BaseImage>& second, const ProgressListener& listener,
+                              double begin, double end) const
+{
+    if (m_options.bGpu)
+    {
+        const ImagePtr result = appendOnGpu(first, second);
+        listener(end);
+        return result;
+    }
+    m_processor->getAttribute(imaproc::attr::OutColorImg::getObjectNameStr())->clear();
+    m_processor->set<imaproc::attr::InImg1>(first);
+    m_processor->set<imaproc::attr::InImg2>(second);
+    m_processor->run(core::eST_Asynchronous);
+    follow(*m_processor, listener, begin, end);
+    return imaproc::color::getAsyncProcessorOutput(m_processor);
+}
+
 /// From left to right, each step a part of the progress, as is a change of type.
 ImagePtr AppendRun::append(ElementType type, const ProgressListener& listener) const
 {
@@ -110,12 +136,7 @@ ImagePtr AppendRun::append(ElementType type, const ProgressListener& listener) c
     double step = 0.0;
     for (std::size_t k = 1; k < m_pictures.size(); ++k, step += 1.0)
     {
-        m_processor->getAttribute(imaproc::attr::OutColorImg::getObjectNameStr())->clear();
-        m_processor->set<imaproc::attr::InImg1>(first);
-        m_processor->set<imaproc::attr::InImg2>(wrapPicture(m_pictures[k], image::eCGT_User));
-        m_processor->run(core::eST_Asynchronous);
-        follow(*m_processor, listener, step / nbSteps, (step + 1.0) / nbSteps);
-        result = imaproc::color::getAsyncProcessorOutput(m_processor);
+        result = appendTwo(first, wrapPicture(m_pictures[k], image::eCGT_User), listener, step / nbSteps, (step + 1.0) / nbSteps);
         first = result;
     }
     return type == shape.type ? result : changeType(result, shape, type, listener, step / nbSteps);
@@ -151,8 +172,10 @@ void AppendRun::run()
         counts += (k == 0 ? "" : " + ") + std::to_string(input.channels);
     }
     answer["output"] = describe(m_options.output, written, image::eCGT_User);
-    report(answer,
-           "user " + std::string(getElementName(written.type)) + ": " + std::to_string(nbChannels) + " channels, " + counts);
+    if (m_options.bGpu)
+        answer["gpu"] = m_gpuName;
+    report(answer, "user " + std::string(getElementName(written.type)) + ": " + std::to_string(nbChannels) + " channels, " +
+                       counts + (m_options.bGpu ? ", appended on the GPU (" + m_gpuName + ")" : ""));
 }
 } // namespace
 

@@ -57,7 +57,8 @@ constexpr const char* g_appendFooter =
     "Examples:\n"
     "  kovis-color append photo.jpg mask.png -o four.tif\n"
     "  kovis-color append red.tif green.tif blue.tif -o stack.tif --type f32\n"
-    "  kovis-color append a.tif b.tif -o ab.tif --threads 2 --isa sse2 --json";
+    "  kovis-color append a.tif b.tif -o ab.tif --threads 2 --isa sse2 --json\n"
+    "  kovis-color append a.tif b.tif -o ab.tif --gpu";
 
 constexpr const char* g_runFooter =
     "The file says what convert, lightness or append was told: target, matrix, formula, and --from and --type where they were\n"
@@ -167,6 +168,7 @@ void CommandLine::addAppend()
     m_append->footer(g_appendFooter);
     m_append->add_option("IN", m_appendOptions.inputs, "The pictures, from left to right: TIFF, PNG or JPEG")->required();
     addPictureOptions(*m_append, m_appendOptions, "generic, sse2, avx (f32 only), avx2, avx512");
+    m_append->add_flag("--gpu", m_appendOptions.bGpu, "Append on the GPU: fails where there is none")->excludes("--isa");
 }
 
 void CommandLine::addRun()

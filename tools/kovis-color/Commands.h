@@ -51,6 +51,7 @@ struct LightnessOptions : PictureOptions
 struct AppendOptions : PictureOptions
 {
     std::vector<std::string> inputs;
+    bool bGpu = false;
     boost::shared_ptr<imaproc::color::AppendColorChannelImgLvl1> processor; ///< a saved one; empty: a new one
 };
 
