@@ -1,5 +1,4 @@
 #include "KOVIS/KOVISHardware/ComputerDescription.h"
-#include "KOVIS/KOVISHardware/KOVISHardwareLog.h"
 #include "KOVIS/KOVISHardware/ProcessorFeatures.h"
 
 #include <gtest/gtest.h>
@@ -136,26 +135,6 @@ TEST(ProcessorFeatures, registersThatAreNotSavedCannotBeUsed)
     {
         features.m_xcr0 = saved;
         EXPECT_EQ(0b011100011u, toInstructionSets(features)) << saved;
-    }
-}
-
-TEST(Gpu, thereIsNoneAndEachQuestionSaysSo)
-{
-    const ComputerDescription computer;
-    EXPECT_GE(computer.getProcessorDescription().getNbProcessors(), 1u);
-    const GpuDescription& gpu = computer.getGpuDescription();
-    EXPECT_EQ(0, gpu.getNbDevices());
-    EXPECT_THROW(gpu.getNbMultiProcessors(0), KOVISHardwareException);
-    EXPECT_THROW(gpu.getMaxThreadsPerBlock(0), KOVISHardwareException);
-    EXPECT_THROW(gpu.getMaxThreadsPerMultiProcessor(-1), KOVISHardwareException);
-    try
-    {
-        gpu.getBlockSize2d(3);
-        FAIL() << "nothing was thrown";
-    }
-    catch (const KOVISHardwareException& e)
-    {
-        EXPECT_STREQ("There is no GPU 3: this computer has 0 usable GPUs, counted from 0", e.what());
     }
 }
 } // namespace kovis::hard

@@ -13,6 +13,8 @@
 #include "KOVISIPL/KOVISIPLAttributes/InSubColorImg2d.h"
 #include "KOVISIPL/KOVISIPLAttributes/InSubColorImg2d1.h"
 #include "KOVISIPL/KOVISIPLAttributes/InSubColorImg2d2.h"
+#include "KOVISIPL/KOVISIPLAttributes/InSubGpuImg1.h"
+#include "KOVISIPL/KOVISIPLAttributes/InSubGpuImg2.h"
 #include "KOVISIPL/KOVISIPLAttributes/OutColorImg.h"
 #include "KOVISIPL/KOVISIPLAttributes/OutColorYStrip2d.h"
 #include "KOVISIPL/KOVISIPLAttributes/OutImg.h"
@@ -21,6 +23,7 @@
 #include "KOVISIPL/KOVISIPLAttributes/OutOptWk1RealImg.h"
 #include "KOVISIPL/KOVISIPLAttributes/OutStatsResult.h"
 #include "KOVISIPL/KOVISIPLAttributes/OutSubColorImg2d.h"
+#include "KOVISIPL/KOVISIPLAttributes/OutSubGpuImg.h"
 
 #include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
@@ -63,6 +66,9 @@ TEST(Attributes, TellWhatTheyAre)
     expectIdentity<InImg2>("InImg2", false, true);
     expectIdentity<InSubColorImg2d1>("InSubColorImg2d1", false, true);
     expectIdentity<InSubColorImg2d2>("InSubColorImg2d2", false, true);
+    expectIdentity<InSubGpuImg1>("InSubGpuImg1", false, true);
+    expectIdentity<InSubGpuImg2>("InSubGpuImg2", false, true);
+    expectIdentity<OutSubGpuImg>("OutSubGpuImg", true, true);
     expectIdentity<InColorYStrip2d1>("InColorYStrip2d1", false, true);
     expectIdentity<InColorYStrip2>("InColorYStrip2", false, true);
     expectIdentity<InColorConversionTransform>("InColorConversionTransform", false, true);

@@ -1,6 +1,7 @@
 #include "KOVIS/KOVISBaseProcessing/KOVISBaseProcessingLog.h"
 #include "KOVIS/KOVISBaseProcessing/ProcessorFactory.h"
 #include "KOVIS/KOVISUtil/DynamicObjectFactory.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgGpuLvl3.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl1.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl2.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl3.h"
@@ -98,6 +99,19 @@ struct Expected<LightnessImgLvl3>
     }
 };
 template <>
+struct Expected<AppendColorChannelImgGpuLvl3>
+{
+    static constexpr const char* g_name = "AppendColorChannelImgGpuLvl3";
+    static constexpr const char* g_folder = "AppendColorChannelImg";
+    static constexpr const char* g_toolTip =
+        "Level 2 algorithm: Generates a color images by merging the color channel of the two input images  on Gpu";
+    static std::vector<std::string> getAttributes() { return {"InSubGpuImg1", "InSubGpuImg2", "OutSubGpuImg"}; }
+    static void setOne(AppendColorChannelImgGpuLvl3& processor)
+    {
+        processor.set<attr::InSubGpuImg1>(attr::InSubGpuImg1::StorageType());
+    }
+};
+template <>
 struct Expected<AppendColorChannelImgLvl1>
 {
     static constexpr const char* g_name = "AppendColorChannelImgLvl1";
@@ -166,7 +180,8 @@ protected:
     const std::string m_source = std::string("KOVISIPL/KOVISIPLColor/Processor/") + Expected<T>::g_folder + "/" + m_name;
 };
 using Classes = testing::Types<ColorConvertImgLvl1, ColorConvertImgLvl2, ColorConvertImgLvl3, LightnessImgLvl1, LightnessImgLvl2,
-                               LightnessImgLvl3, AppendColorChannelImgLvl1, AppendColorChannelImgLvl2, AppendColorChannelImgLvl3>;
+                               LightnessImgLvl3, AppendColorChannelImgLvl1, AppendColorChannelImgLvl2, AppendColorChannelImgLvl3,
+                               AppendColorChannelImgGpuLvl3>;
 TYPED_TEST_SUITE(ColorProcessor, Classes);
 
 TYPED_TEST(ColorProcessor, TellsItsIdentity)

@@ -11,8 +11,10 @@ import sys
 PROCESSOR = "KOVISIPL/KOVISIPLColor/Processor/"
 ALGORITHMS = ("ColorConvertImg", "LightnessImg", "AppendColorChannelImg")
 SOURCE = "".join(f'#include "{PROCESSOR}{name}/{name}Lvl{level}.h"\n' for name in ALGORITHMS for level in (1, 2, 3)) + """
+#include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgGpuLvl3.h"
 #include "KOVIS/KOVISBaseProcessing/BaseProcessorDispatcher.h"
 #include "KOVIS/KOVISBaseProcessing/NoSplit.h"
+#include "KOVIS/KOVISImageProcessing/CudaSubImageSplit.h"
 #include "KOVIS/KOVISImageProcessing/ImageSplit.h"
 #include "KOVISIPL/KOVISIPLColor/OutputInitializer/AppendColorOutputInitializer.h"
 #include "KOVISIPL/KOVISIPLColor/OutputInitializer/TargetColorSpaceOutputInitializer.h"
@@ -38,6 +40,9 @@ struct Instances
     color::AppendColorChannelImgLvl2 m_16;
     color::AppendColorChannelImgLvl3 m_17;
     AppendColorOutputInitializer m_18;
+    color::AppendColorChannelImgGpuLvl3 m_19;
+    StaticProcessorDispatcher<color::AppendColorChannelImgGpuLvl3> m_20;
+    CudaSubImageSplit<color::AppendColorChannelImgGpuLvl3, attr::OutSubGpuImg> m_21;
 };
 // Clang tells only of tables that it has to write here; these have the bases' slots, but for the destructors.
 struct Derived1 : color::ColorConvertImgLvl1
@@ -67,17 +72,20 @@ struct Derived8 : color::AppendColorChannelImgLvl3
 struct Derived9 : AppendColorOutputInitializer
 {
 };
+struct Derived10 : color::AppendColorChannelImgGpuLvl3
+{
+};
 void* make() { return new Instances; }
 template <class T> void* makeOne() { return new T; }
 void* (*const g_makers[])() = {makeOne<Derived1>, makeOne<Derived2>, makeOne<Derived3>, makeOne<Derived4>, makeOne<Derived5>,
-                                 makeOne<Derived6>, makeOne<Derived7>, makeOne<Derived8>, makeOne<Derived9>};
+                                 makeOne<Derived6>, makeOne<Derived7>, makeOne<Derived8>, makeOne<Derived9>, makeOne<Derived10>};
 void* makeAt(int i) { return g_makers[i](); }
 """
 DERIVED = {"kovis::imaproc::color::ColorConvertImgLvl1": "Derived1", "TargetColorSpaceOutputInitializer": "Derived2",
            "kovis::imaproc::color::LightnessImgLvl1": "Derived3", "kovis::imaproc::color::LightnessImgLvl2": "Derived4",
            "kovis::imaproc::color::LightnessImgLvl3": "Derived5", "kovis::imaproc::color::AppendColorChannelImgLvl1": "Derived6",
            "kovis::imaproc::color::AppendColorChannelImgLvl2": "Derived7", "kovis::imaproc::color::AppendColorChannelImgLvl3": "Derived8",
-           "AppendColorOutputInitializer": "Derived9"}
+           "AppendColorOutputInitializer": "Derived9", "kovis::imaproc::color::AppendColorChannelImgGpuLvl3": "Derived10"}
 
 
 def processor(name, run, cancel, kind, tail):
@@ -117,6 +125,7 @@ def described_image(name):
 
 
 ONE, TWO, THREE = "ColorConvertImgLvl1", "ColorConvertImgLvl2", "ColorConvertImgLvl3"
+GPU = "AppendColorChannelImgGpuLvl3"
 DISPATCHER = ["*::~", "*::~", "BaseProcessorDispatcher::queryNextAction", "BaseProcessorDispatcher::hasPendingAction",
               "BaseProcessorDispatcher::notifyDerived", "*::clearDerived", "BaseActionProvider::requestCancellationDerived",
               "*::getProcessorName", "*::getProcessorToolTip", "*::createProcessor", "*::initAttributes"]
@@ -133,6 +142,13 @@ EXPECTED = {
     "kovis::imaproc::color::AppendColorChannelImgLvl1": one_step("AppendColorChannelImgLvl1"),
     "kovis::imaproc::color::AppendColorChannelImgLvl2": one_step("AppendColorChannelImgLvl2"),
     "kovis::imaproc::color::AppendColorChannelImgLvl3": algorithm("AppendColorChannelImgLvl3"),
+    f"kovis::imaproc::color::{GPU}": processor(
+        GPU, "BaseSyncProcessor", "BaseAction", "BaseSyncProcessor",
+        ["BaseGpuProcessingAlgorithm::mainProcess", f"{GPU}::getFunctionSelector", f"{GPU}::getDataTypeIdColl",
+         "BaseGpuProcessingAlgorithm::preProcess", "BaseGpuProcessingAlgorithm::postProcess"]),
+    f"kovis::processor::StaticProcessorDispatcher<kovis::imaproc::color::{GPU}>": DISPATCHER,
+    f"kovis::imaproc::CudaSubImageSplit<kovis::imaproc::color::{GPU}, kovis::imaproc::attr::OutSubGpuImg>":
+        SPLIT + ["*::getSplitStaticType", "*::processAttribute"],
     **{name: described_image(name) for name in ("TargetColorSpaceOutputInitializer", "AppendColorOutputInitializer")},
     "kovis::processor::StaticProcessorDispatcher<kovis::imaproc::color::ColorConvertImgLvl2>": DISPATCHER,
     "kovis::processor::DynamicProcessorDispatcher<kovis::imaproc::color::ColorConvertImgLvl3>": DISPATCHER,
