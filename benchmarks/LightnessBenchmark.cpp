@@ -28,7 +28,8 @@ constexpr std::pair<const char*, eInstructionSet::domain> g_forms[] = {{"generic
                                                                        {"avx2", eInstructionSet::eIS_AVX2},
                                                                        {"avx512", eInstructionSet::eIS_AVX512}};
 
-/// What the machine does at best with three planes in and one out: the sum, or what of it the type holds.
+/// A plain loop with three planes in and one out, in the instructions that every processor has: the sum, or what of it the type
+/// holds.
 template <class T>
 void addPlanes(const image::BaseImage& from, image::BaseImage& to)
 {

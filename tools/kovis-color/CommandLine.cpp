@@ -44,10 +44,11 @@ constexpr const char* g_lightnessFooter =
     "  lightness   half the sum of the smallest and the largest\n"
     "  luminosity  0.21, 0.72 and 0.07 of the three that there must be, in whatever space they are\n"
     "Nothing is scaled, and integers are rounded half away from zero. A format that cannot hold the type takes the nearest\n"
-    "that it can, rounded and saturated, as --type does.\n\n"
+    "that it can, rounded and saturated, as --type does: the value is rounded to the type of the picture before, so that f32\n"
+    "of a picture of integers has whole numbers.\n\n"
     "Examples:\n"
     "  kovis-color lightness photo.jpg -o grey.png\n"
-    "  kovis-color lightness photo.png -o grey.tif --formula luminosity --type f32\n"
+    "  kovis-color lightness float.tif -o grey.png --formula luminosity --type u8\n"
     "  kovis-color lightness stack.tif -o grey.tif --formula lightness --threads 2 --isa avx512 --json";
 
 constexpr const char* g_appendFooter =

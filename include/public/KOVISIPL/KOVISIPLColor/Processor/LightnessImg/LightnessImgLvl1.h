@@ -20,7 +20,8 @@ namespace kovis::imaproc::color
 /// eCGT_Grey.
 ///
 /// X, Y, Z, T and buffer type of input and output must agree. eLT_Luminosity is refused unless the input has three channels,
-/// which are taken as red, green and blue in whatever space they are.
+/// which are taken as red, green and blue in whatever space they are. That formula alone is refused so: a number that names none
+/// runs as the luminosity of channels 0 to 2 of as many as there are, and fails in level 3 where there are fewer.
 ///
 /// set is there for all three attributes, getStorage for OutLightImg. One run at a time.
 class KOVISIPLCOLOR_EXPORT LightnessImgLvl1 : public processor::BaseAsync1Processor

@@ -28,7 +28,8 @@ class KOVISIPLCOLOR_EXPORT LightnessImgLvl3 : public processor::BaseProcessingAl
     KOVIS_DECLARE_ALGORITHM();
 
     /// The kernel of an element type and an instruction set: computes the strip that the parsers are bound to. Throws
-    /// KOVISIPLColorException for the luminosity of fewer than three channels.
+    /// KOVISIPLColorException for the luminosity of fewer than three channels, and where no strips are bound or strips of another
+    /// element type.
     template <class T, eInstructionSet::domain ISA>
     ProcessingResult<bool> genericProcessFunction(const processor::ProcessingInfo& info);
 
