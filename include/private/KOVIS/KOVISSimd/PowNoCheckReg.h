@@ -104,8 +104,8 @@ private:
         }
     }
 
-    /// (n + w) * y: whole sixteenths, and a rest of -1/16 to 0. The factor 16 that y brings is exact everywhere, so that what is
-    /// rounded is what it would be without it.
+    /// (n + w) * y: whole sixteenths, and a rest of -1/16 to 0. The factor 16 that y brings is exact for exponents below 2^124,
+    /// so that what is rounded is what it would be without it.
     template <unsigned long N>
     static KOVIS_SIMD_INLINE void multiply(const Float (&w)[N], const Float (&n)[N], const Exponent& y, Float (&sixteenths)[N],
                                            Float (&rest)[N])
@@ -172,8 +172,9 @@ private:
         r = Register::select(Register::equal(ax, infinity), bOdd ? Register::bitOr(ofInfinity, sign) : ofInfinity, r);
 
         r = __builtin_isnan(y) ? notANumber : Register::select(Register::equal(x, x), r, notANumber);
-        // For a finite y the tables give 1 for 1 by themselves.
-        r = bFinite ? r : Register::select(Register::equal(x, one), one, r);
+        // The tables give 1 for 1 by themselves, as long as 16 * y is finite.
+        const bool bTablesGiveOne = __builtin_fabsf(y) < 0x1p124F;
+        r = bTablesGiveOne ? r : Register::select(Register::equal(x, one), one, r);
         return y == 0.0F ? one : r;
     }
 };

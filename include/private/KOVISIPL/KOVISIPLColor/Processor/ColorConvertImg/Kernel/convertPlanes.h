@@ -54,10 +54,6 @@ void convertPlanes(const ConversionStep& input, const ConversionStep& output, co
     }
 
     const ConversionChain chain = buildConversionChain(input, output);
-    if (chain.size() < 2)
-    {
-        return;
-    }
     checkUserMatrix(chain, matrix);
     if (chain.size() == 2)
     {

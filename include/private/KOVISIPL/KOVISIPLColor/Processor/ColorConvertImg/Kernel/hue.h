@@ -69,6 +69,15 @@ KOVIS_SIMD_INLINE void partsFromHue(typename Register::Float h, typename Registe
     b = Register::select(to2, zero, Register::select(to3, x, Register::select(to5, chroma, x)));
 }
 
+/// delta over a divisor, and 0 where that is exactly 0.
+template <class Register>
+KOVIS_SIMD_INLINE typename Register::Float guardedRatio(typename Register::Float delta, typename Register::Float divisor)
+{
+    const typename Register::Float zero = Register::broadcast(0.0F);
+    const typename Register::Mask none = Register::equal(divisor, zero);
+    return Register::select(none, zero, Register::div(delta, Register::select(none, Register::broadcast(1.0F), divisor)));
+}
+
 /// Planes R, G, B to a hue plane, one of brightness and one of saturation, which Space places and works out. All planes of a
 /// block are read before the first store.
 template <class Register, class Space, class Tin, class Tout>
@@ -101,15 +110,6 @@ KOVIS_SIMD_INLINE void convertToHue(unsigned long count, const Tin** inPlanes, T
         StorePixels<Register, Tout>::run(outPlanes[Space::s_brightnessPlane] + i, brightness, limits);
         StorePixels<Register, Tout>::run(outPlanes[Space::s_saturationPlane] + i, saturation, limits);
     }
-}
-
-/// delta over a divisor, and 0 where that is exactly 0.
-template <class Register>
-KOVIS_SIMD_INLINE typename Register::Float guardedRatio(typename Register::Float delta, typename Register::Float divisor)
-{
-    const typename Register::Float zero = Register::broadcast(0.0F);
-    const typename Register::Mask none = Register::equal(divisor, zero);
-    return Register::select(none, zero, Register::div(delta, Register::select(none, Register::broadcast(1.0F), divisor)));
 }
 
 /// A hue plane (degrees, any value), one of brightness and one of saturation to planes R, G, B in the units of the brightness.
