@@ -18,7 +18,7 @@ namespace
 using nlohmann::ordered_json;
 
 constexpr const char* g_file = "KOVIS/KOVISSerialization/JsonOArchive";
-constexpr int g_indentation = 2;
+constexpr int g_indentation = 1; // deep lists are the longer part of a text
 
 ordered_json toJson(float value)
 {
@@ -72,6 +72,8 @@ struct JsonOArchive::Text
     unsigned long m_nbSections = 0;
     unsigned long m_nbItems = 0;
     unsigned long m_nbNumbers = 0;
+    unsigned long m_nbBytes = 0;
+    bool m_bLost = false; ///< a section that did not go out
     bool m_bBegun = false;
     bool m_bFinished = false;
 
@@ -124,11 +126,21 @@ struct JsonOArchive::Text
         }
     }
 
-    // A section of the outermost level is whole: it goes out.
+    // A section of the outermost level is whole: it goes out. Sections are closed by destructors, which can report nothing: so
+    // finish tells of what did not go out.
     void emit(const ordered_json& section)
     {
-        m_stream << (m_bBegun ? ",\n" : "[\n") << section.dump(g_indentation);
+        m_bLost = true;
+        const std::string words = section.dump(g_indentation);
+        constexpr unsigned long separators = 8; // begin, end, and what stands between sections
+        if (words.size() + separators > m_limits.m_maxBytes - m_nbBytes)
+        {
+            return;
+        }
+        m_nbBytes += words.size() + separators;
+        m_stream << (m_bBegun ? ",\n" : "[\n") << words;
         m_bBegun = true;
+        m_bLost = false;
     }
 };
 
@@ -175,7 +187,10 @@ void JsonOArchive::endSection()
     text.m_open.pop_back();
     if (text.m_open.empty())
     {
-        text.emit(section);
+        if (!text.m_bLost)
+        {
+            text.emit(section);
+        }
     }
     else
     {
@@ -220,6 +235,10 @@ void JsonOArchive::finish()
     if (!text.m_open.empty())
     {
         text.refuseUse("it is to be finished while " + text.getPlace(std::string()) + " is open", "close all sections first");
+    }
+    if (text.m_bLost)
+    {
+        text.refuse(std::string(), "its text has at most " + std::to_string(text.m_limits.m_maxBytes) + " bytes");
     }
     text.m_stream << (text.m_bBegun ? "\n]\n" : "[]\n");
     text.m_stream.flush();

@@ -95,7 +95,7 @@ protected:
         const std::string folder = name.substr(0, name.find("Img") + 3);
         return "KOVISIPL/KOVISIPLColor/Processor/" + folder + "/" + name;
     }
-    const std::string m_version = "\"section\": \"" + GetParam() + "\",\n  \"items\": {\n    \"version\": 1\n  }";
+    const std::string m_version = "\"section\": \"" + GetParam() + "\",\n \"items\": {\n  \"version\": 1\n }";
 };
 
 TEST_P(ProcessorVersion, StandsOnceForTwoObjectsOfAClassBehindTheFirstOnesBase)

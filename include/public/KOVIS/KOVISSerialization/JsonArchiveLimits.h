@@ -6,7 +6,7 @@ namespace kovis
 /// writes can be read. With these, reading needs a few times the text's own size and never more than some 100 MiB.
 struct JsonArchiveLimits
 {
-    unsigned long m_maxBytes = 1UL << 25;      ///< of the text
+    unsigned long m_maxBytes = 1UL << 26;      ///< of the text
     unsigned long m_maxDepth = 16;             ///< of sections in sections; each needs some stack
     unsigned long m_maxSections = 1UL << 16;   ///< in all
     unsigned long m_maxItems = 1UL << 16;      ///< in all

@@ -29,8 +29,8 @@ public:
     /// long or no UTF-8, and for too many items or numbers.
     void writeItem(const std::string& key, const ArchiveValue& value) override;
 
-    /// Ends the text; nothing can be written afterwards. Throws KOVISSerializationException while a section is open, and if the
-    /// stream has failed.
+    /// Ends the text; nothing can be written afterwards. Throws KOVISSerializationException while a section is open, if the
+    /// text has become too long, and if the stream has failed.
     void finish();
 
 private:
