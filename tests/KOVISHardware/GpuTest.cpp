@@ -24,7 +24,7 @@ private:
 
 TEST_F(Gpu, isDescribedByItsOwnProperties)
 {
-    m_runtime.m_devices = {{"First", 7, 5, 30, 1024, 1024}, {"Second", 8, 6, 82, 1536, 1024}};
+    m_runtime.m_devices = {{"First", 7, 5, 30, 1024, 128}, {"Second", 8, 6, 82, 1536, 1024}};
     const GpuDescription gpus;
     EXPECT_EQ("", m_runtime.m_calls); // nobody is asked before somebody asks
     ASSERT_EQ(2, gpus.getNbDevices());
@@ -34,7 +34,7 @@ TEST_F(Gpu, isDescribedByItsOwnProperties)
     EXPECT_EQ(82, gpus.getNbMultiProcessors(1));
     EXPECT_EQ(1536, gpus.getMaxThreadsPerMultiProcessor(1));
     EXPECT_EQ(1024, gpus.getMaxThreadsPerBlock(1));
-    EXPECT_EQ(32, gpus.getBlockSize2d(0));
+    EXPECT_EQ(8, gpus.getBlockSize2d(0));
     EXPECT_EQ(16, gpus.getBlockSize2d(1));
     EXPECT_THROW(gpus.getBlockSize2d(2), KOVISHardwareException);
     EXPECT_THROW(gpus.getName(-1), KOVISHardwareException);
@@ -138,10 +138,13 @@ TEST(DeviceRules, codeCoversItsFamilyAndPtxAllThatCameLater)
 
 TEST(DeviceRules, blocksFitTheDeviceAndFillIt)
 {
-    EXPECT_EQ(32, gpu::getBlockSide(1024, 2048));
-    EXPECT_EQ(32, gpu::getBlockSide(1024, 1024));
+    EXPECT_EQ(16, gpu::getBlockSide(1024, 2048));
+    EXPECT_EQ(16, gpu::getBlockSide(1024, 1024));
     EXPECT_EQ(16, gpu::getBlockSide(1024, 1536));
-    EXPECT_EQ(16, gpu::getBlockSide(512, 1024));
+    EXPECT_EQ(32, gpu::getBlockSide(1024, 4096));
+    EXPECT_EQ(32, gpu::getBlockSide(2048, 8192));
+    EXPECT_EQ(8, gpu::getBlockSide(255, 2048));
+    EXPECT_EQ(8, gpu::getBlockSide(1024, 1023));
     EXPECT_EQ(1, gpu::getBlockSide(1, 1));
     EXPECT_EQ(1, gpu::getBlockSide(0, 0));
     EXPECT_EQ(1, gpu::getBlockSide(1024, 3));

@@ -70,7 +70,7 @@ TEST_F(EmulatedGpu, LaunchersAreToldOfTheDeviceAndTheOutput)
     EXPECT_EQ(3, info.m_nbMultiProcessors);
     EXPECT_EQ(1024, info.m_maxThreadsPerMultiProcessor);
     EXPECT_EQ(1024, info.m_maxThreadsPerBlock);
-    EXPECT_EQ(32, info.m_blockSize2d);
+    EXPECT_EQ(16, info.m_blockSize2d);
     EXPECT_EQ(0, info.m_reservedValue);
     EXPECT_EQ(30U, info.m_sizeX);
     EXPECT_EQ(20U, info.m_sizeY);

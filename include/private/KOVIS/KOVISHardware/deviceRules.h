@@ -25,11 +25,11 @@ constexpr bool isCovered(std::initializer_list<int> architectures, int ptxArchit
 }
 
 /// The side of square blocks that suits a device: the greatest power of two up to 32, the width of a warp, whose blocks are allowed
-/// and fill a multiprocessor without a rest; at least 1.
+/// and of which a multiprocessor holds four or more, so that it has work while one of them drains; at least 1.
 constexpr int getBlockSide(int maxThreadsPerBlock, int maxThreadsPerMultiProcessor)
 {
     int side = 32;
-    while (side > 1 && (side * side > maxThreadsPerBlock || maxThreadsPerMultiProcessor % (side * side) != 0))
+    while (side > 1 && (side * side > maxThreadsPerBlock || 4 * side * side > maxThreadsPerMultiProcessor))
     {
         side /= 2;
     }

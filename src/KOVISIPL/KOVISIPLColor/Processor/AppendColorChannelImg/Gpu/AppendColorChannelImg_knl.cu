@@ -1,21 +1,13 @@
 // The device code of the channel append: compiled by the CUDA compiler alone, C++17.
 
+#include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/Gpu/AppendColorChannelImg_knl.cuh"
 #include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/Gpu/AppendColorChannelImg_knlLauncher.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/Gpu/PixelTriples.h"
-#include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/Gpu/appendColorChannelThread.h"
 
 #include <cuda_runtime.h>
 
 namespace kovis::imaproc::color::gpu
 {
-template <class T1, class T2, class Tout>
-__global__ void AppendColorChannelImg_knl(kovis::gpu::LauncherInfo info, unsigned long sizeC1, unsigned long, T1 const** in1,
-                                          T2 const** in2, Tout** out)
-{
-    appendColorChannelThread<T1, T2, Tout>({blockIdx.x, blockIdx.y, blockIdx.z}, {blockDim.x, blockDim.y, blockDim.z},
-                                           {threadIdx.x, threadIdx.y, threadIdx.z}, info, sizeC1, in1, in2, out);
-}
-
 namespace
 {
 // Waits for the device, then asks for what went wrong since: also where the launch itself did not take place.
