@@ -1,6 +1,6 @@
 #include "KOVIS/KOVISSimd/TargetRegion.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/Kernel/AppendKernels.h"
-#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/PixelPairs.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/Kernel/PixelPairs.h"
 
 #include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/Kernel/GenericAppendPacks.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/Kernel/appendConvert.h"

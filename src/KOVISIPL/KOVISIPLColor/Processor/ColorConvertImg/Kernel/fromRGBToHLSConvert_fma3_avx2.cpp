@@ -1,5 +1,5 @@
 #include "KOVIS/KOVISSimd/TargetRegion.h"
-#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/PixelPairs.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/Kernel/PixelPairs.h"
 
 KOVIS_TARGET_BEGIN("avx2,fma")
 #include "KOVIS/KOVISSimd/Fma3Avx2Register.h"

@@ -1,5 +1,5 @@
 #include "KOVIS/KOVISSimd/TargetRegion.h"
-#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/PixelPairs.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/Kernel/PixelPairs.h"
 
 #include "KOVIS/KOVISSimd/GenericRegister.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/fromRGBToHLSConvert.h"

@@ -1,5 +1,5 @@
 #include "KOVIS/KOVISSimd/TargetRegion.h"
-#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/PixelPairs.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/Kernel/PixelPairs.h"
 
 KOVIS_TARGET_BEGIN("sse2")
 #include "KOVIS/KOVISSimd/Sse2Register.h"

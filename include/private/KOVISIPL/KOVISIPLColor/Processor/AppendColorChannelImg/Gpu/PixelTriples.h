@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/Kernel/PixelPairs.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/Kernel/PixelPairs.h"
 
 // The 343 triples of pixel types, for explicit instantiations: MACRO(T1, T2, TOUT).
 
