@@ -7,6 +7,9 @@
 #include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl3.h"
 #include "Timing.h"
 
+#include <benchmark/benchmark.h>
+
+#include <functional>
 #include <string>
 #include <utility>
 

@@ -84,7 +84,8 @@ void AppendRun::checkCommand()
     begin();
 }
 
-/// The library cannot tell what does not fit: its refusal of channels has no words.
+/// Size, pages and type, by the names of the files. The library tells them too, by its attributes. Numbers of channels always fit
+/// here, for each result is made: what the format can hold (checkCanHold) is the only limit.
 void AppendRun::checkPicture(const std::string& input, const PictureShape& shape) const
 {
     const PictureShape& first = m_pictures.front()->shape;

@@ -110,7 +110,7 @@ private:
     void addAppend();
     void addRun();
 
-    CLI::App m_app{"Converts pictures between colour spaces, and to grey ones.", "kovis-color"};
+    CLI::App m_app{"Converts pictures between colour spaces and to grey ones, and appends their channels.", "kovis-color"};
     CLI::App* m_convert = nullptr;
     CLI::App* m_lightness = nullptr;
     CLI::App* m_append = nullptr;

@@ -11,13 +11,14 @@ struct eRuleMessage
     enum domain
     {
         eRM_AttributeExpired = 0,
-        eRM_ColorSpaceEvaluated = 1, ///< name, image, geometry of input and of output; name of the transform, target, matrix size
+        eRM_ColorSpaceEvaluated = 1, ///< name, image, geometry of input and of output; name of the transform, target, matrix
+                                     ///< size; also the append rule, with six strings
         eRM_ColorSpaceFormal = 2,    ///< names of input, output and transform
-        eRM_AppendEvaluated = 3,     ///< names of both inputs and of the output
+        eRM_AppendEvaluated = 3,     ///< names of both inputs and of the output; nothing reads it
         eRM_AppendFormal = 4,        ///< names of both inputs and of the output
         eRM_NotInitialised = 5,
-        eRM_StripColorSpaceEvaluated = 6, ///< name, strip, geometry of input and of output
-        eRM_StripColorSpaceFormal = 7     ///< names of input and output
+        eRM_StripColorSpaceEvaluated = 6, ///< name, strip, geometry of input and of output; nothing reads it
+        eRM_StripColorSpaceFormal = 7     ///< names of input and output; nothing reads it
     };
 };
 } // namespace kovis::imaproc::color

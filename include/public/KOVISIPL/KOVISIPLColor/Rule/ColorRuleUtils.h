@@ -25,8 +25,9 @@ matchColorSpace(const boost::shared_ptr<const BaseYStripColor2dAttribute>& input
                 const boost::shared_ptr<const attr::InColorConversionTransform>& transform);
 
 /// Holds if the output has as many channels as both inputs together; the colour spaces are not looked at. No attribute is kept
-/// alive; a test or a text throws KOVISIPLColorException when the second input's attribute is gone. The evaluated text has more
-/// places than it is given strings: asking for it throws a BaseException whose cause is that.
+/// alive; a test or a text throws KOVISIPLColorException when the second input's attribute is gone, KOVISBaseProcessingException
+/// when the first input's or the output's is. The evaluated text has more places than it is given strings: asking for it throws a
+/// BaseException whose cause is that.
 KOVISIPLCOLOR_EXPORT boost::shared_ptr<processor::BaseRule>
 matchAppendChannel(const boost::shared_ptr<const BaseImageAttribute>& input1,
                    const boost::shared_ptr<const BaseImageAttribute>& input2,

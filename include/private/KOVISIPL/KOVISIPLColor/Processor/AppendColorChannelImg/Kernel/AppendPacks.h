@@ -8,6 +8,7 @@ namespace kovis::imaproc::color::kernel
 /// widenBytes(from): half a block of bytes as 16 bits, by the sign of their type.
 /// packLanes(a, b, T()), packWords(a, b, T()): two registers, read as signed, in the T of half their width, in their order.
 /// truncateUnsigned(x): floats to unsigned int.
+/// addTopBit(value, mask), of forms that truncate by halves: value plus 2147483648 in the lanes of the mask.
 template <class Register>
 struct AppendPacks;
 
