@@ -13,22 +13,15 @@ KOVIS_PROCESSOR_TRAITS(kovis::imaproc::glbmsr, StatsMsrLvl1, BaseAsync1Processor
 namespace kovis::imaproc::glbmsr
 {
 KOVIS_DEFINE_PROCESSOR(StatsMsrLvl1);
+KOVIS_DEFINE_SET(StatsMsrLvl1, m_inImg, m_outStatsResult);
 
-template <class TAttribute>
-void StatsMsrLvl1::set(const typename TAttribute::StorageType& value)
-{
-    processor::ProcessorAnatomy<StatsMsrLvl1>::set(*this, processor::selectAttribute<TAttribute>(m_inImg, m_outStatsResult),
-                                                   value);
-}
+KOVIS_INSTANTIATE_SET(KOVISIPLGLOBALMEASURE_EXPORT, StatsMsrLvl1, attr::InImg);
+KOVIS_INSTANTIATE_SET(KOVISIPLGLOBALMEASURE_EXPORT, StatsMsrLvl1, attr::OutStatsResult);
 
-template KOVISIPLGLOBALMEASURE_EXPORT void StatsMsrLvl1::set<attr::InImg>(const attr::InImg::StorageType&);
-template KOVISIPLGLOBALMEASURE_EXPORT void StatsMsrLvl1::set<attr::OutStatsResult>(const attr::OutStatsResult::StorageType&);
-
-BoolResult
-StatsMsrLvl1::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                          std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                          processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                          const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult StatsMsrLvl1::initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,
+                                     processor::ProcessorDispatchPolicy& dispatchPolicy,
+                                     boost::shared_ptr<processor::BaseRule>& rule,
+                                     const processor::eProcessorRulePolicy& rulePolicy)
 {
     processor::makeAttributes(attributes, m_inImg, m_outStatsResult);
     outputInitializers.clear();
@@ -62,4 +55,4 @@ BoolResult StatsMsrLvl1::postProcess()
 }
 } // namespace kovis::imaproc::glbmsr
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::glbmsr::StatsMsrLvl1, "kovis::imaproc::glbmsr::StatsMsrLvl1", makeClassMutexes);
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::glbmsr::StatsMsrLvl1, makeClassMutexes);

@@ -10,22 +10,15 @@ KOVIS_PROCESSOR_TRAITS(kovis::imaproc::glbmsr, StatsMsrLvl2, BaseAsync1Processor
 namespace kovis::imaproc::glbmsr
 {
 KOVIS_DEFINE_PROCESSOR(StatsMsrLvl2);
+KOVIS_DEFINE_SET(StatsMsrLvl2, m_inSubColorImg2d, m_outStatsAccumulation);
 
-template <class TAttribute>
-void StatsMsrLvl2::set(const typename TAttribute::StorageType& value)
-{
-    processor::ProcessorAnatomy<StatsMsrLvl2>::set(
-        *this, processor::selectAttribute<TAttribute>(m_inSubColorImg2d, m_outStatsAccumulation), value);
-}
+KOVIS_INSTANTIATE_SET(KOVISIPLGLOBALMEASURE_EXPORT, StatsMsrLvl2, attr::InSubColorImg2d);
+KOVIS_INSTANTIATE_SET(KOVISIPLGLOBALMEASURE_EXPORT, StatsMsrLvl2, OutStatsAccumulation);
 
-template KOVISIPLGLOBALMEASURE_EXPORT void StatsMsrLvl2::set<attr::InSubColorImg2d>(const attr::InSubColorImg2d::StorageType&);
-template KOVISIPLGLOBALMEASURE_EXPORT void StatsMsrLvl2::set<OutStatsAccumulation>(const OutStatsAccumulation::StorageType&);
-
-BoolResult
-StatsMsrLvl2::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                          std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                          processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                          const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult StatsMsrLvl2::initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,
+                                     processor::ProcessorDispatchPolicy& dispatchPolicy,
+                                     boost::shared_ptr<processor::BaseRule>& rule,
+                                     const processor::eProcessorRulePolicy& rulePolicy)
 {
     processor::makeAttributes(attributes, m_inSubColorImg2d, m_outStatsAccumulation);
     outputInitializers.clear();
@@ -41,4 +34,4 @@ processor::RetrievalResult StatsMsrLvl2::retrieveProvider(const core::BasePriori
 }
 } // namespace kovis::imaproc::glbmsr
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::glbmsr::StatsMsrLvl2, "kovis::imaproc::glbmsr::StatsMsrLvl2", makeClassMutexes);
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::glbmsr::StatsMsrLvl2, makeClassMutexes);

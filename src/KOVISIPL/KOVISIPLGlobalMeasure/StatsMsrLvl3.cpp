@@ -1,5 +1,6 @@
 #include "KOVISIPL/KOVISIPLGlobalMeasure/StatsMsrLvl3.h"
 
+#include "KOVIS/KOVISBaseProcessing/FunctionRegistration.h"
 #include "KOVIS/KOVISImageProcessing/KernelTable.h"
 #include "KOVIS/KOVISImageProcessing/StripAlgorithm.h"
 #include "KOVISIPL/KOVISIPLGlobalMeasure/MeasureProcessorTraits.h"
@@ -12,22 +13,15 @@ namespace kovis::imaproc::glbmsr
 {
 KOVIS_DEFINE_PROCESSOR(StatsMsrLvl3);
 KOVIS_DEFINE_ALGORITHM(StatsMsrLvl3);
+KOVIS_DEFINE_SET(StatsMsrLvl3, m_inColorYStrip2d, m_outStatsAccumulation);
 
-template <class TAttribute>
-void StatsMsrLvl3::set(const typename TAttribute::StorageType& value)
-{
-    processor::ProcessorAnatomy<StatsMsrLvl3>::set(
-        *this, processor::selectAttribute<TAttribute>(m_inColorYStrip2d, m_outStatsAccumulation), value);
-}
+KOVIS_INSTANTIATE_SET(KOVISIPLGLOBALMEASURE_EXPORT, StatsMsrLvl3, attr::InColorYStrip2d);
+KOVIS_INSTANTIATE_SET(KOVISIPLGLOBALMEASURE_EXPORT, StatsMsrLvl3, OutStatsAccumulation);
 
-template KOVISIPLGLOBALMEASURE_EXPORT void StatsMsrLvl3::set<attr::InColorYStrip2d>(const attr::InColorYStrip2d::StorageType&);
-template KOVISIPLGLOBALMEASURE_EXPORT void StatsMsrLvl3::set<OutStatsAccumulation>(const OutStatsAccumulation::StorageType&);
-
-BoolResult
-StatsMsrLvl3::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                          std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                          processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                          const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult StatsMsrLvl3::initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,
+                                     processor::ProcessorDispatchPolicy& dispatchPolicy,
+                                     boost::shared_ptr<processor::BaseRule>& rule,
+                                     const processor::eProcessorRulePolicy& rulePolicy)
 {
     processor::makeAttributes(attributes, m_inColorYStrip2d, m_outStatsAccumulation);
     outputInitializers.clear();
@@ -66,22 +60,12 @@ ProcessingResult<bool> StatsMsrLvl3::genericProcessFunction(const processor::Pro
 
 namespace details
 {
-static bool functionRegistration()
+static bool enterKernels(const SourcePlace& place)
 {
-    KernelTable<StatsMsrLvl3> table({"bool kovis::imaproc::glbmsr::details::functionRegistration()",
-                                     processor::ProcessorTraits<StatsMsrLvl3>::g_sourcePath, __LINE__});
-    table.registerTable<1>([]<class T>() { return &StatsMsrLvl3::genericProcessFunction<T>; });
-    return table.report();
+    return enterTable<StatsMsrLvl3, 1>([]<class T>() { return &StatsMsrLvl3::genericProcessFunction<T>; }, place);
 }
 } // namespace details
 } // namespace kovis::imaproc::glbmsr
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::glbmsr::StatsMsrLvl3, "kovis::imaproc::glbmsr::StatsMsrLvl3", makeAlgorithmMutexes);
-
-namespace kovis::imaproc::glbmsr
-{
-namespace
-{
-[[maybe_unused]] const bool g_bFunctionsRegistred = details::functionRegistration();
-} // namespace
-} // namespace kovis::imaproc::glbmsr
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::glbmsr::StatsMsrLvl3, makeAlgorithmMutexes);
+KOVIS_REGISTER_FUNCTIONS(kovis::imaproc::glbmsr, StatsMsrLvl3, enterKernels);

@@ -62,24 +62,16 @@ matchConvertBufferType(const boost::shared_ptr<const BaseImageAttribute>& image,
 } // namespace
 
 KOVIS_DEFINE_PROCESSOR(ConvertImgLvl1);
+KOVIS_DEFINE_SET(ConvertImgLvl1, m_inImg, m_inConvertImageBufferType, m_outImg);
 
-template <class TAttribute>
-void ConvertImgLvl1::set(const typename TAttribute::StorageType& value)
-{
-    processor::ProcessorAnatomy<ConvertImgLvl1>::set(
-        *this, processor::selectAttribute<TAttribute>(m_inImg, m_inConvertImageBufferType, m_outImg), value);
-}
+KOVIS_INSTANTIATE_SET(KOVISIPLUTILITY_EXPORT, ConvertImgLvl1, attr::InImg);
+KOVIS_INSTANTIATE_SET(KOVISIPLUTILITY_EXPORT, ConvertImgLvl1, attr::InConvertImageBufferType);
+KOVIS_INSTANTIATE_SET(KOVISIPLUTILITY_EXPORT, ConvertImgLvl1, attr::OutImg);
 
-template KOVISIPLUTILITY_EXPORT void ConvertImgLvl1::set<attr::InImg>(const attr::InImg::StorageType&);
-template KOVISIPLUTILITY_EXPORT void
-ConvertImgLvl1::set<attr::InConvertImageBufferType>(const attr::InConvertImageBufferType::StorageType&);
-template KOVISIPLUTILITY_EXPORT void ConvertImgLvl1::set<attr::OutImg>(const attr::OutImg::StorageType&);
-
-BoolResult
-ConvertImgLvl1::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                            std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                            processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                            const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult ConvertImgLvl1::initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,
+                                       processor::ProcessorDispatchPolicy& dispatchPolicy,
+                                       boost::shared_ptr<processor::BaseRule>& rule,
+                                       const processor::eProcessorRulePolicy& rulePolicy)
 {
     processor::makeAttributes(attributes, m_inImg, m_inConvertImageBufferType, m_outImg);
     outputInitializers.clear();
@@ -97,4 +89,4 @@ processor::RetrievalResult ConvertImgLvl1::retrieveProvider(const core::BasePrio
 }
 } // namespace kovis::imaproc::util
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::util::ConvertImgLvl1, "kovis::imaproc::util::ConvertImgLvl1", makeClassMutexes);
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::util::ConvertImgLvl1, makeClassMutexes);

@@ -11,22 +11,15 @@ KOVIS_PROCESSOR_TRAITS(kovis::imaproc::util, ConvertImgLvl2, BaseAsync1Processor
 namespace kovis::imaproc::util
 {
 KOVIS_DEFINE_PROCESSOR(ConvertImgLvl2);
+KOVIS_DEFINE_SET(ConvertImgLvl2, m_inSubColorImg2d, m_outSubColorImg2d);
 
-template <class TAttribute>
-void ConvertImgLvl2::set(const typename TAttribute::StorageType& value)
-{
-    processor::ProcessorAnatomy<ConvertImgLvl2>::set(
-        *this, processor::selectAttribute<TAttribute>(m_inSubColorImg2d, m_outSubColorImg2d), value);
-}
+KOVIS_INSTANTIATE_SET(KOVISIPLUTILITY_EXPORT, ConvertImgLvl2, attr::InSubColorImg2d);
+KOVIS_INSTANTIATE_SET(KOVISIPLUTILITY_EXPORT, ConvertImgLvl2, attr::OutSubColorImg2d);
 
-template KOVISIPLUTILITY_EXPORT void ConvertImgLvl2::set<attr::InSubColorImg2d>(const attr::InSubColorImg2d::StorageType&);
-template KOVISIPLUTILITY_EXPORT void ConvertImgLvl2::set<attr::OutSubColorImg2d>(const attr::OutSubColorImg2d::StorageType&);
-
-BoolResult
-ConvertImgLvl2::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                            std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                            processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                            const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult ConvertImgLvl2::initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,
+                                       processor::ProcessorDispatchPolicy& dispatchPolicy,
+                                       boost::shared_ptr<processor::BaseRule>& rule,
+                                       const processor::eProcessorRulePolicy& rulePolicy)
 {
     processor::makeAttributes(attributes, m_inSubColorImg2d, m_outSubColorImg2d);
     outputInitializers.clear();
@@ -43,4 +36,4 @@ processor::RetrievalResult ConvertImgLvl2::retrieveProvider(const core::BasePrio
 }
 } // namespace kovis::imaproc::util
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::util::ConvertImgLvl2, "kovis::imaproc::util::ConvertImgLvl2", makeClassMutexes);
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::util::ConvertImgLvl2, makeClassMutexes);

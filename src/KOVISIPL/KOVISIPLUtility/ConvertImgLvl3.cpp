@@ -1,5 +1,6 @@
 #include "KOVISIPL/KOVISIPLUtility/ConvertImgLvl3.h"
 
+#include "KOVIS/KOVISBaseProcessing/FunctionRegistration.h"
 #include "KOVIS/KOVISImageProcessing/ImageRule.h"
 #include "KOVIS/KOVISImageProcessing/KernelTable.h"
 #include "KOVIS/KOVISImageProcessing/StripAlgorithm.h"
@@ -15,22 +16,15 @@ namespace kovis::imaproc::util
 {
 KOVIS_DEFINE_PROCESSOR(ConvertImgLvl3);
 KOVIS_DEFINE_ALGORITHM(ConvertImgLvl3);
+KOVIS_DEFINE_SET(ConvertImgLvl3, m_inColorYStrip2d, m_outColorYStrip2d);
 
-template <class TAttribute>
-void ConvertImgLvl3::set(const typename TAttribute::StorageType& value)
-{
-    processor::ProcessorAnatomy<ConvertImgLvl3>::set(
-        *this, processor::selectAttribute<TAttribute>(m_inColorYStrip2d, m_outColorYStrip2d), value);
-}
+KOVIS_INSTANTIATE_SET(KOVISIPLUTILITY_EXPORT, ConvertImgLvl3, attr::InColorYStrip2d);
+KOVIS_INSTANTIATE_SET(KOVISIPLUTILITY_EXPORT, ConvertImgLvl3, attr::OutColorYStrip2d);
 
-template KOVISIPLUTILITY_EXPORT void ConvertImgLvl3::set<attr::InColorYStrip2d>(const attr::InColorYStrip2d::StorageType&);
-template KOVISIPLUTILITY_EXPORT void ConvertImgLvl3::set<attr::OutColorYStrip2d>(const attr::OutColorYStrip2d::StorageType&);
-
-BoolResult
-ConvertImgLvl3::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                            std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                            processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                            const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult ConvertImgLvl3::initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,
+                                       processor::ProcessorDispatchPolicy& dispatchPolicy,
+                                       boost::shared_ptr<processor::BaseRule>& rule,
+                                       const processor::eProcessorRulePolicy& rulePolicy)
 {
     processor::makeAttributes(attributes, m_inColorYStrip2d, m_outColorYStrip2d);
     outputInitializers.clear();
@@ -71,22 +65,13 @@ ProcessingResult<bool> ConvertImgLvl3::genericProcessFunction(const processor::P
 
 namespace details
 {
-static bool functionRegistration()
+static bool enterKernels(const SourcePlace& place)
 {
-    KernelTable<ConvertImgLvl3> table({"bool kovis::imaproc::util::details::functionRegistration()",
-                                       processor::ProcessorTraits<ConvertImgLvl3>::g_sourcePath, __LINE__});
-    table.registerTable<2>([]<class Tin, class Tout>() { return &ConvertImgLvl3::genericProcessFunction<Tin, Tout>; });
-    return table.report();
+    return enterTable<ConvertImgLvl3, 2>(
+        []<class Tin, class Tout>() { return &ConvertImgLvl3::genericProcessFunction<Tin, Tout>; }, place);
 }
 } // namespace details
 } // namespace kovis::imaproc::util
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::util::ConvertImgLvl3, "kovis::imaproc::util::ConvertImgLvl3", makeAlgorithmMutexes);
-
-namespace kovis::imaproc::util
-{
-namespace
-{
-[[maybe_unused]] const bool g_bFunctionsRegistred = details::functionRegistration();
-} // namespace
-} // namespace kovis::imaproc::util
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::util::ConvertImgLvl3, makeAlgorithmMutexes);
+KOVIS_REGISTER_FUNCTIONS(kovis::imaproc::util, ConvertImgLvl3, enterKernels);

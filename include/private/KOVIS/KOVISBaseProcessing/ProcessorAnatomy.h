@@ -18,6 +18,7 @@
 #include <boost/core/demangle.hpp>
 #include <boost/make_shared.hpp>
 #include <boost/shared_ptr.hpp>
+#include <boost/utility/enable_if.hpp>
 
 #include <string>
 #include <tuple>
@@ -380,15 +381,40 @@ BoolResult finishInit(ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr
     }                                                                                                                            \
     static_assert(true)
 
+/// Defines set of a class, inside the class's namespace; the pointers to the attributes that it may set follow.
+#define KOVIS_DEFINE_SET(CLASS, ...)                                                                                             \
+    template <class TAttribute>                                                                                                  \
+    void CLASS::set(const typename TAttribute::StorageType& value)                                                               \
+    {                                                                                                                            \
+        ::kovis::processor::ProcessorAnatomy<CLASS>::set(*this, ::kovis::processor::selectAttribute<TAttribute>(__VA_ARGS__),    \
+                                                         value);                                                                 \
+    }                                                                                                                            \
+    static_assert(true)
+
+/// The same for getStorage; the pointers to the output attributes that it may give follow.
+#define KOVIS_DEFINE_GET_STORAGE(CLASS, ...)                                                                                     \
+    template <class TAttribute>                                                                                                  \
+    typename boost::enable_if_c<TAttribute::g_bOutput, typename TAttribute::StorageType>::type CLASS::getStorage()               \
+    {                                                                                                                            \
+        return ::kovis::processor::ProcessorAnatomy<CLASS>::getStorage(                                                          \
+            *this, ::kovis::processor::selectAttribute<TAttribute>(__VA_ARGS__));                                                \
+    }                                                                                                                            \
+    static_assert(true)
+
+/// Instantiates what the two above define, for one attribute; EXPORT is the library's export macro.
+#define KOVIS_INSTANTIATE_SET(EXPORT, CLASS, ATTRIBUTE) template EXPORT void CLASS::set<ATTRIBUTE>(const ATTRIBUTE::StorageType&)
+#define KOVIS_INSTANTIATE_GET_STORAGE(EXPORT, CLASS, ATTRIBUTE)                                                                  \
+    template EXPORT ATTRIBUTE::StorageType CLASS::getStorage<ATTRIBUTE>()
+
 /// What a class's unit does at load, in this order: mutexes, object factory, message map, processor factory. At global scope,
-/// after everything else of the unit; MAKE_MUTEXES is makeClassMutexes or makeAlgorithmMutexes.
-#define KOVIS_REGISTER_PROCESSOR(CLASS, TYPE_NAME, MAKE_MUTEXES)                                                                 \
+/// after everything else of the unit; CLASS with its namespaces, MAKE_MUTEXES is makeClassMutexes or makeAlgorithmMutexes.
+#define KOVIS_REGISTER_PROCESSOR(CLASS, MAKE_MUTEXES)                                                                            \
     namespace                                                                                                                    \
     {                                                                                                                            \
     [[maybe_unused]] const bool g_bMutexesMade = kovis::processor::MAKE_MUTEXES<CLASS>();                                        \
     }                                                                                                                            \
     template <>                                                                                                                  \
-    kovis::DynamicRegistrator<CLASS> kovis::DynamicRegistrator<CLASS>::g_classRegistrator(TYPE_NAME);                            \
+    kovis::DynamicRegistrator<CLASS> kovis::DynamicRegistrator<CLASS>::g_classRegistrator(#CLASS);                               \
     namespace                                                                                                                    \
     {                                                                                                                            \
     [[maybe_unused]] const bool g_bMessagesEntered = kovis::processor::ProcessorTraits<CLASS>::enterMessages();                  \

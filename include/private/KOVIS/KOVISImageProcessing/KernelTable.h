@@ -117,4 +117,23 @@ private:
     processor::AlgorithmFunctionIdentifier m_row;
     std::string m_errors;
 };
+
+/// Enters a form's whole table: a row for each nbPositions buffer types. Always true.
+template <class TProcessor, unsigned int nbPositions, eInstructionSet::domain A = eInstructionSet::eIS_Generic,
+          eInstructionSet::domain B = eInstructionSet::eIS_Generic, class TKernelOf>
+bool enterTable(const TKernelOf& kernelOf, const SourcePlace& place)
+{
+    KernelTable<TProcessor, A, B> table(place);
+    table.template registerTable<nbPositions>(kernelOf);
+    return table.report();
+}
+
+/// Enters one row of a form that has kernels of few types alone, that of the key. Always true.
+template <class TProcessor, eInstructionSet::domain A, eInstructionSet::domain B, int... key, class TKernelOf>
+bool enterRow(const TKernelOf& kernelOf, const SourcePlace& place)
+{
+    KernelTable<TProcessor, A, B> table(place);
+    table.template registerRow<key...>(kernelOf);
+    return table.report();
+}
 } // namespace kovis::imaproc

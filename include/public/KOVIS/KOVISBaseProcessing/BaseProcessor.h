@@ -67,6 +67,10 @@ public:
     BoolResult read(BaseIArchive& archive) override;
 
 protected:
+    using AttributeColl = std::vector<boost::shared_ptr<BaseAttribute>>;
+    /// By the name of the attribute that each makes the value of.
+    using OutputInitializerMap = std::map<std::string, boost::shared_ptr<BaseOutputInitializer>>;
+
     BaseProcessor();
 
     /// Drops the values of all attributes.
@@ -90,14 +94,13 @@ protected:
     virtual eProcessorType getProcessorType() const = 0;
     /// Makes attributes, output initializers (under the name of their attribute), dispatch policy and, unless the policy asks for
     /// none, the rule.
-    virtual BoolResult initDerived(std::vector<boost::shared_ptr<BaseAttribute>>& attributes,
-                                   std::map<std::string, boost::shared_ptr<BaseOutputInitializer>>& outputInitializers,
+    virtual BoolResult initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,
                                    ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<BaseRule>& rule,
                                    const eProcessorRulePolicy& rulePolicy) = 0;
 
 private:
-    std::vector<boost::shared_ptr<BaseAttribute>> m_attributes;
-    std::map<std::string, boost::shared_ptr<BaseOutputInitializer>> m_outputInitializers;
+    AttributeColl m_attributes;
+    OutputInitializerMap m_outputInitializers;
     ProcessorDispatchPolicy m_dispatchPolicy;
     boost::shared_ptr<BaseRule> m_rule;
     /// An output that an initializer of this run made, and the attribute's count of changes right afterwards.

@@ -83,3 +83,19 @@ public:                                                                         
     static ::kovis::processor::InstructionSetsIdentifier& accessForcedInstructionSets();                                         \
     static void forceInstructionSets(const ::kovis::processor::InstructionSetsIdentifier& instructionSets);                      \
     static void releaseForcedInstructionSets()
+
+/// The overriding initDerived of a processor class, in the protected part of its declaration.
+#define KOVIS_DECLARE_INIT()                                                                                                     \
+    ::kovis::BoolResult initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,                         \
+                                    ::kovis::processor::ProcessorDispatchPolicy& dispatchPolicy,                                 \
+                                    boost::shared_ptr<::kovis::processor::BaseRule>& rule,                                       \
+                                    const ::kovis::processor::eProcessorRulePolicy& rulePolicy) override
+
+/// What BaseProcessingAlgorithm asks a class with kernels for, in the protected part of its declaration: the selector and the
+/// forced instruction sets; the data types that pick the kernel; the parsers that it works on, and their end.
+#define KOVIS_DECLARE_ALGORITHM_STEPS()                                                                                          \
+    const ::kovis::processor::AlgorithmFunctionSelector& getFunctionSelector() const override;                                   \
+    const ::kovis::processor::InstructionSetsIdentifier& getForcedInstructionSets() const override;                              \
+    void getDataTypeIdColl(::kovis::processor::DataTypeIdentifierColl& types) const override;                                    \
+    void initDataParserColl(std::vector<boost::shared_ptr<::kovis::processor::BaseDataParser>>& parsers) override;               \
+    void clearDataParserColl() override

@@ -1,6 +1,7 @@
 #include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgGpuLvl3.h"
 
 #include "KOVIS/KOVISBaseImageTools/extractBufferDataCollToGpu.h"
+#include "KOVIS/KOVISBaseProcessing/FunctionRegistration.h"
 #include "KOVIS/KOVISCore/ComputerInfoPool.h"
 #include "KOVIS/KOVISImage/CudaImageFactory.h"
 #include "KOVIS/KOVISImageProcessing/CudaKernelTable.h"
@@ -14,23 +15,16 @@ namespace kovis::imaproc::color
 {
 KOVIS_DEFINE_PROCESSOR(AppendColorChannelImgGpuLvl3);
 KOVIS_DEFINE_FUNCTION_SELECTOR(AppendColorChannelImgGpuLvl3, CudaFunctionSelector);
+KOVIS_DEFINE_SET(AppendColorChannelImgGpuLvl3, m_inSubGpuImg1, m_inSubGpuImg2, m_outSubGpuImg);
 
-template <class TAttribute>
-void AppendColorChannelImgGpuLvl3::set(const typename TAttribute::StorageType& value)
-{
-    processor::ProcessorAnatomy<AppendColorChannelImgGpuLvl3>::set(
-        *this, processor::selectAttribute<TAttribute>(m_inSubGpuImg1, m_inSubGpuImg2, m_outSubGpuImg), value);
-}
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, AppendColorChannelImgGpuLvl3, attr::InSubGpuImg1);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, AppendColorChannelImgGpuLvl3, attr::InSubGpuImg2);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, AppendColorChannelImgGpuLvl3, attr::OutSubGpuImg);
 
-template KOVISIPLCOLOR_EXPORT void AppendColorChannelImgGpuLvl3::set<attr::InSubGpuImg1>(const attr::InSubGpuImg1::StorageType&);
-template KOVISIPLCOLOR_EXPORT void AppendColorChannelImgGpuLvl3::set<attr::InSubGpuImg2>(const attr::InSubGpuImg2::StorageType&);
-template KOVISIPLCOLOR_EXPORT void AppendColorChannelImgGpuLvl3::set<attr::OutSubGpuImg>(const attr::OutSubGpuImg::StorageType&);
-
-BoolResult AppendColorChannelImgGpuLvl3::initDerived(
-    std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-    std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-    processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-    const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult AppendColorChannelImgGpuLvl3::initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,
+                                                     processor::ProcessorDispatchPolicy& dispatchPolicy,
+                                                     boost::shared_ptr<processor::BaseRule>& rule,
+                                                     const processor::eProcessorRulePolicy& rulePolicy)
 {
     processor::makeAttributes(attributes, m_inSubGpuImg1, m_inSubGpuImg2, m_outSubGpuImg);
     outputInitializers.clear();
@@ -91,23 +85,12 @@ struct AppendColorChannelImgGpuLvl3Kernels
     }
 };
 
-static bool functionRegistration()
+static bool enterAppendLaunchers(const SourcePlace& place)
 {
-    return enterCudaTable<3, AppendColorChannelImgGpuLvl3>(
-        AppendColorChannelImgGpuLvl3Kernels(),
-        {"bool kovis::imaproc::color::details::functionRegistration()",
-         processor::ProcessorTraits<AppendColorChannelImgGpuLvl3>::g_sourcePath, __LINE__});
+    return enterCudaTable<3, AppendColorChannelImgGpuLvl3>(AppendColorChannelImgGpuLvl3Kernels(), place);
 }
 } // namespace details
 } // namespace kovis::imaproc::color
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::AppendColorChannelImgGpuLvl3,
-                         "kovis::imaproc::color::AppendColorChannelImgGpuLvl3", makeClassMutexes);
-
-namespace kovis::imaproc::color
-{
-namespace
-{
-[[maybe_unused]] const bool g_bFunctionsRegistred = details::functionRegistration();
-} // namespace
-} // namespace kovis::imaproc::color
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::AppendColorChannelImgGpuLvl3, makeClassMutexes);
+KOVIS_REGISTER_FUNCTIONS(kovis::imaproc::color, AppendColorChannelImgGpuLvl3, enterAppendLaunchers);

@@ -39,39 +39,24 @@ BoolResult viewAsUser(const boost::shared_ptr<const image::BaseImage>& image, bo
 } // namespace
 
 KOVIS_DEFINE_PROCESSOR(AppendColorChannelImgLvl1);
+KOVIS_DEFINE_SET(AppendColorChannelImgLvl1, m_inImg1, m_inImg2, m_outColorImg);
+KOVIS_DEFINE_GET_STORAGE(AppendColorChannelImgLvl1, m_outColorImg);
 
-template <class TAttribute>
-void AppendColorChannelImgLvl1::set(const typename TAttribute::StorageType& value)
-{
-    processor::ProcessorAnatomy<AppendColorChannelImgLvl1>::set(
-        *this, processor::selectAttribute<TAttribute>(m_inImg1, m_inImg2, m_outColorImg), value);
-}
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, AppendColorChannelImgLvl1, attr::InImg1);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, AppendColorChannelImgLvl1, attr::InImg2);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, AppendColorChannelImgLvl1, attr::OutColorImg);
+KOVIS_INSTANTIATE_GET_STORAGE(KOVISIPLCOLOR_EXPORT, AppendColorChannelImgLvl1, attr::OutColorImg);
 
-template <class TAttribute>
-typename boost::enable_if_c<TAttribute::g_bOutput, typename TAttribute::StorageType>::type AppendColorChannelImgLvl1::getStorage()
-{
-    return processor::ProcessorAnatomy<AppendColorChannelImgLvl1>::getStorage(
-        *this, processor::selectAttribute<TAttribute>(m_outColorImg));
-}
-
-template KOVISIPLCOLOR_EXPORT void AppendColorChannelImgLvl1::set<attr::InImg1>(const attr::InImg1::StorageType&);
-template KOVISIPLCOLOR_EXPORT void AppendColorChannelImgLvl1::set<attr::InImg2>(const attr::InImg2::StorageType&);
-template KOVISIPLCOLOR_EXPORT void AppendColorChannelImgLvl1::set<attr::OutColorImg>(const attr::OutColorImg::StorageType&);
-template KOVISIPLCOLOR_EXPORT attr::OutColorImg::StorageType AppendColorChannelImgLvl1::getStorage<attr::OutColorImg>();
-
-BoolResult AppendColorChannelImgLvl1::initDerived(
-    std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-    std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-    processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-    const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult AppendColorChannelImgLvl1::initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,
+                                                  processor::ProcessorDispatchPolicy& dispatchPolicy,
+                                                  boost::shared_ptr<processor::BaseRule>& rule,
+                                                  const processor::eProcessorRulePolicy& rulePolicy)
 {
     initAttributeColl(attributes, outputInitializers);
     return processor::finishInit<AppendColorChannelImgLvl1>(dispatchPolicy, rule, rulePolicy, [this] { return createRule(); });
 }
 
-void AppendColorChannelImgLvl1::initAttributeColl(
-    std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-    std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers)
+void AppendColorChannelImgLvl1::initAttributeColl(AttributeColl& attributes, OutputInitializerMap& outputInitializers)
 {
     processor::makeAttributes(attributes, m_inImg1, m_inImg2, m_outColorImg);
 
@@ -107,5 +92,4 @@ processor::RetrievalResult AppendColorChannelImgLvl1::retrieveProvider(const cor
 }
 } // namespace kovis::imaproc::color
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::AppendColorChannelImgLvl1, "kovis::imaproc::color::AppendColorChannelImgLvl1",
-                         makeClassMutexes);
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::AppendColorChannelImgLvl1, makeClassMutexes);

@@ -14,25 +14,16 @@ KOVIS_PROCESSOR_TRAITS(kovis::imaproc::color, AppendColorChannelImgLvl2, BaseAsy
 namespace kovis::imaproc::color
 {
 KOVIS_DEFINE_PROCESSOR(AppendColorChannelImgLvl2);
+KOVIS_DEFINE_SET(AppendColorChannelImgLvl2, m_inSubColorImg2d1, m_inSubColorImg2d2, m_outColorImg);
 
-template <class TAttribute>
-void AppendColorChannelImgLvl2::set(const typename TAttribute::StorageType& value)
-{
-    processor::ProcessorAnatomy<AppendColorChannelImgLvl2>::set(
-        *this, processor::selectAttribute<TAttribute>(m_inSubColorImg2d1, m_inSubColorImg2d2, m_outColorImg), value);
-}
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, AppendColorChannelImgLvl2, attr::InSubColorImg2d1);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, AppendColorChannelImgLvl2, attr::InSubColorImg2d2);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, AppendColorChannelImgLvl2, attr::OutColorImg);
 
-template KOVISIPLCOLOR_EXPORT void
-AppendColorChannelImgLvl2::set<attr::InSubColorImg2d1>(const attr::InSubColorImg2d1::StorageType&);
-template KOVISIPLCOLOR_EXPORT void
-AppendColorChannelImgLvl2::set<attr::InSubColorImg2d2>(const attr::InSubColorImg2d2::StorageType&);
-template KOVISIPLCOLOR_EXPORT void AppendColorChannelImgLvl2::set<attr::OutColorImg>(const attr::OutColorImg::StorageType&);
-
-BoolResult AppendColorChannelImgLvl2::initDerived(
-    std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-    std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-    processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-    const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult AppendColorChannelImgLvl2::initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,
+                                                  processor::ProcessorDispatchPolicy& dispatchPolicy,
+                                                  boost::shared_ptr<processor::BaseRule>& rule,
+                                                  const processor::eProcessorRulePolicy& rulePolicy)
 {
     processor::makeAttributes(attributes, m_inSubColorImg2d1, m_inSubColorImg2d2, m_outColorImg);
     outputInitializers.clear(); // the output is a part of an image that level 1 has made
@@ -108,5 +99,4 @@ processor::RetrievalResult AppendColorChannelImgLvl2::tryToLaunchGpuProcess(cons
 }
 } // namespace kovis::imaproc::color
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::AppendColorChannelImgLvl2, "kovis::imaproc::color::AppendColorChannelImgLvl2",
-                         makeClassMutexes);
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::AppendColorChannelImgLvl2, makeClassMutexes);

@@ -1,5 +1,6 @@
 #include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl3.h"
 
+#include "KOVIS/KOVISBaseProcessing/FunctionRegistration.h"
 #include "KOVIS/KOVISImageProcessing/StripAlgorithm.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl3Rows.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorProcessorTraits.h"
@@ -11,25 +12,16 @@ namespace kovis::imaproc::color
 {
 KOVIS_DEFINE_PROCESSOR(AppendColorChannelImgLvl3);
 KOVIS_DEFINE_ALGORITHM(AppendColorChannelImgLvl3);
+KOVIS_DEFINE_SET(AppendColorChannelImgLvl3, m_inColorYStrip2d1, m_inColorYStrip2, m_outColorYStrip2d);
 
-template <class TAttribute>
-void AppendColorChannelImgLvl3::set(const typename TAttribute::StorageType& value)
-{
-    processor::ProcessorAnatomy<AppendColorChannelImgLvl3>::set(
-        *this, processor::selectAttribute<TAttribute>(m_inColorYStrip2d1, m_inColorYStrip2, m_outColorYStrip2d), value);
-}
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, AppendColorChannelImgLvl3, attr::InColorYStrip2d1);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, AppendColorChannelImgLvl3, attr::InColorYStrip2);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, AppendColorChannelImgLvl3, attr::OutColorYStrip2d);
 
-template KOVISIPLCOLOR_EXPORT void
-AppendColorChannelImgLvl3::set<attr::InColorYStrip2d1>(const attr::InColorYStrip2d1::StorageType&);
-template KOVISIPLCOLOR_EXPORT void AppendColorChannelImgLvl3::set<attr::InColorYStrip2>(const attr::InColorYStrip2::StorageType&);
-template KOVISIPLCOLOR_EXPORT void
-AppendColorChannelImgLvl3::set<attr::OutColorYStrip2d>(const attr::OutColorYStrip2d::StorageType&);
-
-BoolResult AppendColorChannelImgLvl3::initDerived(
-    std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-    std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-    processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-    const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult AppendColorChannelImgLvl3::initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,
+                                                  processor::ProcessorDispatchPolicy& dispatchPolicy,
+                                                  boost::shared_ptr<processor::BaseRule>& rule,
+                                                  const processor::eProcessorRulePolicy& rulePolicy)
 {
     processor::makeAttributes(attributes, m_inColorYStrip2d1, m_inColorYStrip2, m_outColorYStrip2d);
     outputInitializers.clear();
@@ -54,25 +46,7 @@ void AppendColorChannelImgLvl3::clearDataParserColl()
 {
     clearParsers({&m_inputParser1, &m_inputParser2, &m_outputParser});
 }
-
-namespace details
-{
-static bool functionRegistration()
-{
-    return enterAppendTable<eInstructionSet::eIS_Generic>({"bool kovis::imaproc::color::details::functionRegistration()",
-                                                           processor::ProcessorTraits<AppendColorChannelImgLvl3>::g_sourcePath,
-                                                           __LINE__});
-}
-} // namespace details
 } // namespace kovis::imaproc::color
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::AppendColorChannelImgLvl3, "kovis::imaproc::color::AppendColorChannelImgLvl3",
-                         makeAlgorithmMutexes);
-
-namespace kovis::imaproc::color
-{
-namespace
-{
-[[maybe_unused]] const bool g_bFunctionsRegistred = details::functionRegistration();
-} // namespace
-} // namespace kovis::imaproc::color
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::AppendColorChannelImgLvl3, makeAlgorithmMutexes);
+KOVIS_REGISTER_FUNCTIONS(kovis::imaproc::color, AppendColorChannelImgLvl3, enterAppendTable<eInstructionSet::eIS_Generic>);

@@ -16,40 +16,24 @@ KOVIS_PROCESSOR_TRAITS(kovis::imaproc::color, ColorConvertImgLvl1, BaseAsync3Pro
 namespace kovis::imaproc::color
 {
 KOVIS_DEFINE_PROCESSOR(ColorConvertImgLvl1);
+KOVIS_DEFINE_SET(ColorConvertImgLvl1, m_inColorImg, m_inColorConversionTransform, m_outColorImg);
+KOVIS_DEFINE_GET_STORAGE(ColorConvertImgLvl1, m_outColorImg);
 
-template <class TAttribute>
-void ColorConvertImgLvl1::set(const typename TAttribute::StorageType& value)
-{
-    processor::ProcessorAnatomy<ColorConvertImgLvl1>::set(
-        *this, processor::selectAttribute<TAttribute>(m_inColorImg, m_inColorConversionTransform, m_outColorImg), value);
-}
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, ColorConvertImgLvl1, attr::InColorImg);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, ColorConvertImgLvl1, attr::InColorConversionTransform);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, ColorConvertImgLvl1, attr::OutColorImg);
+KOVIS_INSTANTIATE_GET_STORAGE(KOVISIPLCOLOR_EXPORT, ColorConvertImgLvl1, attr::OutColorImg);
 
-template <class TAttribute>
-typename boost::enable_if_c<TAttribute::g_bOutput, typename TAttribute::StorageType>::type ColorConvertImgLvl1::getStorage()
-{
-    return processor::ProcessorAnatomy<ColorConvertImgLvl1>::getStorage(*this,
-                                                                        processor::selectAttribute<TAttribute>(m_outColorImg));
-}
-
-template KOVISIPLCOLOR_EXPORT void ColorConvertImgLvl1::set<attr::InColorImg>(const attr::InColorImg::StorageType&);
-template KOVISIPLCOLOR_EXPORT void
-ColorConvertImgLvl1::set<attr::InColorConversionTransform>(const attr::InColorConversionTransform::StorageType&);
-template KOVISIPLCOLOR_EXPORT void ColorConvertImgLvl1::set<attr::OutColorImg>(const attr::OutColorImg::StorageType&);
-template KOVISIPLCOLOR_EXPORT attr::OutColorImg::StorageType ColorConvertImgLvl1::getStorage<attr::OutColorImg>();
-
-BoolResult
-ColorConvertImgLvl1::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                                 std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                                 processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                                 const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult ColorConvertImgLvl1::initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,
+                                            processor::ProcessorDispatchPolicy& dispatchPolicy,
+                                            boost::shared_ptr<processor::BaseRule>& rule,
+                                            const processor::eProcessorRulePolicy& rulePolicy)
 {
     initAttributeColl(attributes, outputInitializers);
     return processor::finishInit<ColorConvertImgLvl1>(dispatchPolicy, rule, rulePolicy, [this] { return createRule(); });
 }
 
-void ColorConvertImgLvl1::initAttributeColl(
-    std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-    std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers)
+void ColorConvertImgLvl1::initAttributeColl(AttributeColl& attributes, OutputInitializerMap& outputInitializers)
 {
     processor::makeAttributes(attributes, m_inColorImg, m_inColorConversionTransform, m_outOptWk1RealImg, m_outColorImg);
 
@@ -198,5 +182,4 @@ processor::RetrievalResult ColorConvertImgLvl1::provideProcessor(const boost::sh
 }
 } // namespace kovis::imaproc::color
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::ColorConvertImgLvl1, "kovis::imaproc::color::ColorConvertImgLvl1",
-                         makeClassMutexes);
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::ColorConvertImgLvl1, makeClassMutexes);

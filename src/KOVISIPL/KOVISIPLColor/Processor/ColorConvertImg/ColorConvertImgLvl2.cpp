@@ -12,25 +12,16 @@ KOVIS_PROCESSOR_TRAITS(kovis::imaproc::color, ColorConvertImgLvl2, BaseAsync1Pro
 namespace kovis::imaproc::color
 {
 KOVIS_DEFINE_PROCESSOR(ColorConvertImgLvl2);
+KOVIS_DEFINE_SET(ColorConvertImgLvl2, m_inSubColorImg2d, m_inColorConversionTransform, m_outSubColorImg2d);
 
-template <class TAttribute>
-void ColorConvertImgLvl2::set(const typename TAttribute::StorageType& value)
-{
-    processor::ProcessorAnatomy<ColorConvertImgLvl2>::set(
-        *this, processor::selectAttribute<TAttribute>(m_inSubColorImg2d, m_inColorConversionTransform, m_outSubColorImg2d),
-        value);
-}
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, ColorConvertImgLvl2, attr::InSubColorImg2d);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, ColorConvertImgLvl2, attr::InColorConversionTransform);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, ColorConvertImgLvl2, attr::OutSubColorImg2d);
 
-template KOVISIPLCOLOR_EXPORT void ColorConvertImgLvl2::set<attr::InSubColorImg2d>(const attr::InSubColorImg2d::StorageType&);
-template KOVISIPLCOLOR_EXPORT void
-ColorConvertImgLvl2::set<attr::InColorConversionTransform>(const attr::InColorConversionTransform::StorageType&);
-template KOVISIPLCOLOR_EXPORT void ColorConvertImgLvl2::set<attr::OutSubColorImg2d>(const attr::OutSubColorImg2d::StorageType&);
-
-BoolResult
-ColorConvertImgLvl2::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                                 std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                                 processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                                 const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult ColorConvertImgLvl2::initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,
+                                            processor::ProcessorDispatchPolicy& dispatchPolicy,
+                                            boost::shared_ptr<processor::BaseRule>& rule,
+                                            const processor::eProcessorRulePolicy& rulePolicy)
 {
     processor::makeAttributes(attributes, m_inSubColorImg2d, m_inColorConversionTransform, m_outSubColorImg2d);
     outputInitializers.clear(); // the output is a part of an image that level 1 has made
@@ -55,5 +46,4 @@ processor::RetrievalResult ColorConvertImgLvl2::retrieveProvider(const core::Bas
 }
 } // namespace kovis::imaproc::color
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::ColorConvertImgLvl2, "kovis::imaproc::color::ColorConvertImgLvl2",
-                         makeClassMutexes);
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::ColorConvertImgLvl2, makeClassMutexes);

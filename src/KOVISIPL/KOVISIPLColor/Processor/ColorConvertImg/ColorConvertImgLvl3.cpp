@@ -1,5 +1,6 @@
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3.h"
 
+#include "KOVIS/KOVISBaseProcessing/FunctionRegistration.h"
 #include "KOVIS/KOVISImageProcessing/ImageRule.h"
 #include "KOVIS/KOVISImageProcessing/StripAlgorithm.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3Rows.h"
@@ -13,25 +14,16 @@ namespace kovis::imaproc::color
 {
 KOVIS_DEFINE_PROCESSOR(ColorConvertImgLvl3);
 KOVIS_DEFINE_ALGORITHM(ColorConvertImgLvl3);
+KOVIS_DEFINE_SET(ColorConvertImgLvl3, m_inColorYStrip2d, m_inColorConversionTransform, m_outColorYStrip2d);
 
-template <class TAttribute>
-void ColorConvertImgLvl3::set(const typename TAttribute::StorageType& value)
-{
-    processor::ProcessorAnatomy<ColorConvertImgLvl3>::set(
-        *this, processor::selectAttribute<TAttribute>(m_inColorYStrip2d, m_inColorConversionTransform, m_outColorYStrip2d),
-        value);
-}
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, ColorConvertImgLvl3, attr::InColorYStrip2d);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, ColorConvertImgLvl3, attr::InColorConversionTransform);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, ColorConvertImgLvl3, attr::OutColorYStrip2d);
 
-template KOVISIPLCOLOR_EXPORT void ColorConvertImgLvl3::set<attr::InColorYStrip2d>(const attr::InColorYStrip2d::StorageType&);
-template KOVISIPLCOLOR_EXPORT void
-ColorConvertImgLvl3::set<attr::InColorConversionTransform>(const attr::InColorConversionTransform::StorageType&);
-template KOVISIPLCOLOR_EXPORT void ColorConvertImgLvl3::set<attr::OutColorYStrip2d>(const attr::OutColorYStrip2d::StorageType&);
-
-BoolResult
-ColorConvertImgLvl3::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                                 std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                                 processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                                 const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult ColorConvertImgLvl3::initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,
+                                            processor::ProcessorDispatchPolicy& dispatchPolicy,
+                                            boost::shared_ptr<processor::BaseRule>& rule,
+                                            const processor::eProcessorRulePolicy& rulePolicy)
 {
     processor::makeAttributes(attributes, m_inColorYStrip2d, m_inColorConversionTransform, m_outColorYStrip2d);
     outputInitializers.clear();
@@ -60,27 +52,7 @@ void ColorConvertImgLvl3::clearDataParserColl()
 {
     clearParsers({&m_inputParser, &m_outputParser});
 }
-
-namespace details
-{
-static bool functionRegistration()
-{
-    ColorConvertImgLvl3Rows<eInstructionSet::eIS_Generic, eInstructionSet::eIS_Generic> rows(
-        {"bool kovis::imaproc::color::details::functionRegistration()",
-         processor::ProcessorTraits<ColorConvertImgLvl3>::g_sourcePath, __LINE__});
-    rows.registerTable<2>(ColorConvertImgLvl3Kernels<eInstructionSet::eIS_Generic, eInstructionSet::eIS_Generic>());
-    return rows.report();
-}
-} // namespace details
 } // namespace kovis::imaproc::color
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::ColorConvertImgLvl3, "kovis::imaproc::color::ColorConvertImgLvl3",
-                         makeAlgorithmMutexes);
-
-namespace kovis::imaproc::color
-{
-namespace
-{
-[[maybe_unused]] const bool g_bFunctionsRegistred = details::functionRegistration();
-} // namespace
-} // namespace kovis::imaproc::color
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::ColorConvertImgLvl3, makeAlgorithmMutexes);
+KOVIS_REGISTER_FUNCTIONS(kovis::imaproc::color, ColorConvertImgLvl3, enterConversionTable<eInstructionSet::eIS_Generic>);

@@ -1,29 +1,5 @@
-#include "KOVIS/KOVISBaseProcessing/KernelVariant.h"
+#include "KOVIS/KOVISBaseProcessing/FunctionRegistration.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3Rows.h"
 
-// The initialiser runs on every processor: nothing here is compiled for the set; the kernels stand in units of their own.
-
-namespace kovis::imaproc::color
-{
-namespace details
-{
-static bool functionRegistration()
-{
-    ColorConvertImgLvl3Rows<eInstructionSet::eIS_AVX, eInstructionSet::eIS_AVX> rows(
-        {"bool kovis::imaproc::color::details::functionRegistration()",
-         "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3_avx", __LINE__});
-    rows.registerRow<image::eIBT_Real, image::eIBT_Real>(
-        ColorConvertImgLvl3Kernels<eInstructionSet::eIS_AVX, eInstructionSet::eIS_AVX>());
-    return rows.report();
-}
-} // namespace details
-
-namespace
-{
-/// The owner of this unit's mutexes.
-struct Variant;
-
-[[maybe_unused]] const bool g_bEntered =
-    processor::enterVariant<Variant, eInstructionSet::eIS_AVX>(&details::functionRegistration);
-} // namespace
-} // namespace kovis::imaproc::color
+KOVIS_REGISTER_VARIANT(kovis::imaproc::color, "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3_avx",
+                       enterConversionFloatRow, eInstructionSet::eIS_AVX);

@@ -14,31 +14,18 @@ KOVIS_PROCESSOR_TRAITS(kovis::imaproc::color, LightnessImgLvl1, BaseAsync1Proces
 namespace kovis::imaproc::color
 {
 KOVIS_DEFINE_PROCESSOR(LightnessImgLvl1);
+KOVIS_DEFINE_SET(LightnessImgLvl1, m_inColorImg, m_inLightnessType, m_outLightImg);
+KOVIS_DEFINE_GET_STORAGE(LightnessImgLvl1, m_outLightImg);
 
-template <class TAttribute>
-void LightnessImgLvl1::set(const typename TAttribute::StorageType& value)
-{
-    processor::ProcessorAnatomy<LightnessImgLvl1>::set(
-        *this, processor::selectAttribute<TAttribute>(m_inColorImg, m_inLightnessType, m_outLightImg), value);
-}
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, LightnessImgLvl1, attr::InColorImg);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, LightnessImgLvl1, attr::InLightnessType);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, LightnessImgLvl1, attr::OutLightImg);
+KOVIS_INSTANTIATE_GET_STORAGE(KOVISIPLCOLOR_EXPORT, LightnessImgLvl1, attr::OutLightImg);
 
-template <class TAttribute>
-typename boost::enable_if_c<TAttribute::g_bOutput, typename TAttribute::StorageType>::type LightnessImgLvl1::getStorage()
-{
-    return processor::ProcessorAnatomy<LightnessImgLvl1>::getStorage(*this,
-                                                                     processor::selectAttribute<TAttribute>(m_outLightImg));
-}
-
-template KOVISIPLCOLOR_EXPORT void LightnessImgLvl1::set<attr::InColorImg>(const attr::InColorImg::StorageType&);
-template KOVISIPLCOLOR_EXPORT void LightnessImgLvl1::set<attr::InLightnessType>(const attr::InLightnessType::StorageType&);
-template KOVISIPLCOLOR_EXPORT void LightnessImgLvl1::set<attr::OutLightImg>(const attr::OutLightImg::StorageType&);
-template KOVISIPLCOLOR_EXPORT attr::OutLightImg::StorageType LightnessImgLvl1::getStorage<attr::OutLightImg>();
-
-BoolResult
-LightnessImgLvl1::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                              std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                              processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                              const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult LightnessImgLvl1::initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,
+                                         processor::ProcessorDispatchPolicy& dispatchPolicy,
+                                         boost::shared_ptr<processor::BaseRule>& rule,
+                                         const processor::eProcessorRulePolicy& rulePolicy)
 {
     initAttributeColl(attributes, outputInitializers);
     return processor::finishInit<LightnessImgLvl1>(
@@ -46,9 +33,7 @@ LightnessImgLvl1::initDerived(std::vector<boost::shared_ptr<processor::BaseAttri
         [this] { return matchSize(eMIST_XYZT, m_inColorImg, m_outLightImg) && matchBufferType(m_inColorImg, m_outLightImg); });
 }
 
-void LightnessImgLvl1::initAttributeColl(
-    std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-    std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers)
+void LightnessImgLvl1::initAttributeColl(AttributeColl& attributes, OutputInitializerMap& outputInitializers)
 {
     processor::makeAttributes(attributes, m_inColorImg, m_inLightnessType, m_outLightImg);
     outputInitializers.clear();
@@ -76,4 +61,4 @@ processor::RetrievalResult LightnessImgLvl1::retrieveProvider(const core::BasePr
 }
 } // namespace kovis::imaproc::color
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::LightnessImgLvl1, "kovis::imaproc::color::LightnessImgLvl1", makeClassMutexes);
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::LightnessImgLvl1, makeClassMutexes);

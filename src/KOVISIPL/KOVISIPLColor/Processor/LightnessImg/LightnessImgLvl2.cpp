@@ -11,23 +11,16 @@ KOVIS_PROCESSOR_TRAITS(kovis::imaproc::color, LightnessImgLvl2, BaseAsync1Proces
 namespace kovis::imaproc::color
 {
 KOVIS_DEFINE_PROCESSOR(LightnessImgLvl2);
+KOVIS_DEFINE_SET(LightnessImgLvl2, m_inSubColorImg2d, m_inLightnessType, m_outLightImg);
 
-template <class TAttribute>
-void LightnessImgLvl2::set(const typename TAttribute::StorageType& value)
-{
-    processor::ProcessorAnatomy<LightnessImgLvl2>::set(
-        *this, processor::selectAttribute<TAttribute>(m_inSubColorImg2d, m_inLightnessType, m_outLightImg), value);
-}
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, LightnessImgLvl2, attr::InSubColorImg2d);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, LightnessImgLvl2, attr::InLightnessType);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, LightnessImgLvl2, attr::OutLightImg);
 
-template KOVISIPLCOLOR_EXPORT void LightnessImgLvl2::set<attr::InSubColorImg2d>(const attr::InSubColorImg2d::StorageType&);
-template KOVISIPLCOLOR_EXPORT void LightnessImgLvl2::set<attr::InLightnessType>(const attr::InLightnessType::StorageType&);
-template KOVISIPLCOLOR_EXPORT void LightnessImgLvl2::set<attr::OutLightImg>(const attr::OutLightImg::StorageType&);
-
-BoolResult
-LightnessImgLvl2::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                              std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                              processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                              const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult LightnessImgLvl2::initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,
+                                         processor::ProcessorDispatchPolicy& dispatchPolicy,
+                                         boost::shared_ptr<processor::BaseRule>& rule,
+                                         const processor::eProcessorRulePolicy& rulePolicy)
 {
     processor::makeAttributes(attributes, m_inSubColorImg2d, m_inLightnessType, m_outLightImg);
     outputInitializers.clear(); // the output is a part of an image that level 1 has made
@@ -49,4 +42,4 @@ processor::RetrievalResult LightnessImgLvl2::retrieveProvider(const core::BasePr
 }
 } // namespace kovis::imaproc::color
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::LightnessImgLvl2, "kovis::imaproc::color::LightnessImgLvl2", makeClassMutexes);
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::LightnessImgLvl2, makeClassMutexes);

@@ -1,5 +1,6 @@
 #include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImgLvl3.h"
 
+#include "KOVIS/KOVISBaseProcessing/FunctionRegistration.h"
 #include "KOVIS/KOVISImageProcessing/ImageRule.h"
 #include "KOVIS/KOVISImageProcessing/StripAlgorithm.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorProcessorTraits.h"
@@ -12,23 +13,16 @@ namespace kovis::imaproc::color
 {
 KOVIS_DEFINE_PROCESSOR(LightnessImgLvl3);
 KOVIS_DEFINE_ALGORITHM(LightnessImgLvl3);
+KOVIS_DEFINE_SET(LightnessImgLvl3, m_inColorYStrip2d, m_inLightnessType, m_outLightYStrip2d);
 
-template <class TAttribute>
-void LightnessImgLvl3::set(const typename TAttribute::StorageType& value)
-{
-    processor::ProcessorAnatomy<LightnessImgLvl3>::set(
-        *this, processor::selectAttribute<TAttribute>(m_inColorYStrip2d, m_inLightnessType, m_outLightYStrip2d), value);
-}
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, LightnessImgLvl3, attr::InColorYStrip2d);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, LightnessImgLvl3, attr::InLightnessType);
+KOVIS_INSTANTIATE_SET(KOVISIPLCOLOR_EXPORT, LightnessImgLvl3, attr::OutLightYStrip2d);
 
-template KOVISIPLCOLOR_EXPORT void LightnessImgLvl3::set<attr::InColorYStrip2d>(const attr::InColorYStrip2d::StorageType&);
-template KOVISIPLCOLOR_EXPORT void LightnessImgLvl3::set<attr::InLightnessType>(const attr::InLightnessType::StorageType&);
-template KOVISIPLCOLOR_EXPORT void LightnessImgLvl3::set<attr::OutLightYStrip2d>(const attr::OutLightYStrip2d::StorageType&);
-
-BoolResult
-LightnessImgLvl3::initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                              std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                              processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                              const processor::eProcessorRulePolicy& rulePolicy)
+BoolResult LightnessImgLvl3::initDerived(AttributeColl& attributes, OutputInitializerMap& outputInitializers,
+                                         processor::ProcessorDispatchPolicy& dispatchPolicy,
+                                         boost::shared_ptr<processor::BaseRule>& rule,
+                                         const processor::eProcessorRulePolicy& rulePolicy)
 {
     processor::makeAttributes(attributes, m_inColorYStrip2d, m_inLightnessType, m_outLightYStrip2d);
     outputInitializers.clear();
@@ -57,25 +51,7 @@ void LightnessImgLvl3::clearDataParserColl()
 {
     clearParsers({&m_inputParser, &m_outputParser});
 }
-
-namespace details
-{
-static bool functionRegistration()
-{
-    return enterLightnessTable<eInstructionSet::eIS_Generic>({"bool kovis::imaproc::color::details::functionRegistration()",
-                                                              processor::ProcessorTraits<LightnessImgLvl3>::g_sourcePath,
-                                                              __LINE__});
-}
-} // namespace details
 } // namespace kovis::imaproc::color
 
-KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::LightnessImgLvl3, "kovis::imaproc::color::LightnessImgLvl3",
-                         makeAlgorithmMutexes);
-
-namespace kovis::imaproc::color
-{
-namespace
-{
-[[maybe_unused]] const bool g_bFunctionsRegistred = details::functionRegistration();
-} // namespace
-} // namespace kovis::imaproc::color
+KOVIS_REGISTER_PROCESSOR(kovis::imaproc::color::LightnessImgLvl3, makeAlgorithmMutexes);
+KOVIS_REGISTER_FUNCTIONS(kovis::imaproc::color, LightnessImgLvl3, enterLightnessTable<eInstructionSet::eIS_Generic>);

@@ -1,28 +1,5 @@
-#include "KOVIS/KOVISBaseProcessing/KernelVariant.h"
+#include "KOVIS/KOVISBaseProcessing/FunctionRegistration.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImgLvl3Rows.h"
 
-// The initialiser runs on every processor: nothing here is compiled for the set; the kernels stand in units of their own.
-
-namespace kovis::imaproc::color
-{
-namespace details
-{
-static bool functionRegistration()
-{
-    KernelTable<LightnessImgLvl3, eInstructionSet::eIS_AVX> rows(
-        {"bool kovis::imaproc::color::details::functionRegistration()",
-         "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImgLvl3_avx", __LINE__});
-    rows.registerRow<image::eIBT_Real>(LightnessImgLvl3Kernels<eInstructionSet::eIS_AVX>());
-    return rows.report();
-}
-} // namespace details
-
-namespace
-{
-/// The owner of this unit's mutexes.
-struct Variant;
-
-[[maybe_unused]] const bool g_bEntered =
-    processor::enterVariant<Variant, eInstructionSet::eIS_AVX>(&details::functionRegistration);
-} // namespace
-} // namespace kovis::imaproc::color
+KOVIS_REGISTER_VARIANT(kovis::imaproc::color, "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImgLvl3_avx",
+                       enterLightnessFloatRow, eInstructionSet::eIS_AVX);

@@ -1,26 +1,5 @@
-#include "KOVIS/KOVISBaseProcessing/KernelVariant.h"
+#include "KOVIS/KOVISBaseProcessing/FunctionRegistration.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImgLvl3Rows.h"
 
-// The initialiser runs on every processor: nothing here is compiled for the set; the kernels stand in units of their own.
-
-namespace kovis::imaproc::color
-{
-namespace details
-{
-static bool functionRegistration()
-{
-    return enterLightnessTable<eInstructionSet::eIS_AVX512>(
-        {"bool kovis::imaproc::color::details::functionRegistration()",
-         "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImgLvl3_avx512", __LINE__});
-}
-} // namespace details
-
-namespace
-{
-/// The owner of this unit's mutexes.
-struct Variant;
-
-[[maybe_unused]] const bool g_bEntered =
-    processor::enterVariant<Variant, eInstructionSet::eIS_AVX512>(&details::functionRegistration);
-} // namespace
-} // namespace kovis::imaproc::color
+KOVIS_REGISTER_VARIANT(kovis::imaproc::color, "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImgLvl3_avx512",
+                       enterLightnessTable, eInstructionSet::eIS_AVX512);

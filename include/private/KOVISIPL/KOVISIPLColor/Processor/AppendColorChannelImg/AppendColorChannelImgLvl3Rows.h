@@ -18,10 +18,8 @@ inline constexpr const char* g_appendClassName = "AppendColorChannelImgLvl3";
 
 /// The planes of one input into as many planes of the output, each finished before the next begins.
 template <eInstructionSet::domain ISA, class Tin, class Tout>
-void appendPlanes(const boost::shared_ptr<processor::BaseDataParser>& parser, unsigned long nbPlanes, unsigned long count,
-                  Tout* const* out)
+void appendPlanes(unsigned long nbPlanes, unsigned long count, const Tin* const* in, Tout* const* out)
 {
-    const auto in = accessPlanes<Tin, BaseInputYStripColor2dAttribute>(parser, nbPlanes, g_appendClassName);
     for (unsigned long c = 0; c < nbPlanes; ++c)
     {
         kernel::appendConvert<typename simd::FormOf<ISA, ISA>::Register, Tin, Tout>(count, in[c], out[c]);
@@ -35,14 +33,18 @@ ProcessingResult<bool> AppendColorChannelImgLvl3::genericProcessFunction(const p
     const unsigned long sizeC1 = m_inColorYStrip2d1->getBaseImageYStripColor2d().getSizeC();
     const unsigned long sizeC2 = m_inColorYStrip2->getBaseImageYStripColor2d().getSizeC();
     const unsigned long sizeCOut = m_outColorYStrip2d->getBaseImageYStripColor2d().getSizeC();
+    const auto in1 =
+        details::accessPlanes<T1, BaseInputYStripColor2dAttribute>(m_inputParser1, sizeC1, details::g_appendClassName);
+    const auto in2 =
+        details::accessPlanes<T2, BaseInputYStripColor2dAttribute>(m_inputParser2, sizeC2, details::g_appendClassName);
     const auto out =
         details::accessPlanes<Tout, BaseOutputYStripColor2dAttribute>(m_outputParser, sizeCOut, details::g_appendClassName);
     if (sizeCOut < sizeC1 + sizeC2)
     {
         details::throwShortOutput(sizeC1, sizeC2, sizeCOut);
     }
-    details::appendPlanes<ISA, T1>(m_inputParser1, sizeC1, info.m_nbElements, out.get());
-    details::appendPlanes<ISA, T2>(m_inputParser2, sizeC2, info.m_nbElements, out.get() + sizeC1);
+    details::appendPlanes<ISA, T1, Tout>(sizeC1, info.m_nbElements, in1.get(), out.get());
+    details::appendPlanes<ISA, T2, Tout>(sizeC2, info.m_nbElements, in2.get(), out.get() + sizeC1);
     return ProcessingResult<bool>(true);
 }
 
@@ -63,9 +65,15 @@ struct AppendColorChannelImgLvl3Kernels
 template <eInstructionSet::domain ISA>
 bool enterAppendTable(const SourcePlace& place)
 {
-    KernelTable<AppendColorChannelImgLvl3, ISA> rows(place);
-    rows.template registerTable<3>(AppendColorChannelImgLvl3Kernels<ISA>());
-    return rows.report();
+    return enterTable<AppendColorChannelImgLvl3, 3, ISA>(AppendColorChannelImgLvl3Kernels<ISA>(), place);
+}
+
+/// The same for a form that has a kernel of float alone.
+template <eInstructionSet::domain ISA>
+bool enterAppendFloatRow(const SourcePlace& place)
+{
+    return enterRow<AppendColorChannelImgLvl3, ISA, eInstructionSet::eIS_Generic, image::eIBT_Real, image::eIBT_Real,
+                    image::eIBT_Real>(AppendColorChannelImgLvl3Kernels<ISA>(), place);
 }
 } // namespace details
 } // namespace kovis::imaproc::color

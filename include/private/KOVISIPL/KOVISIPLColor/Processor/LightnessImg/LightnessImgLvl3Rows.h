@@ -44,9 +44,14 @@ struct LightnessImgLvl3Kernels
 template <eInstructionSet::domain ISA>
 bool enterLightnessTable(const SourcePlace& place)
 {
-    KernelTable<LightnessImgLvl3, ISA> rows(place);
-    rows.template registerTable<1>(LightnessImgLvl3Kernels<ISA>());
-    return rows.report();
+    return enterTable<LightnessImgLvl3, 1, ISA>(LightnessImgLvl3Kernels<ISA>(), place);
+}
+
+/// The same for a form that has a kernel of float alone.
+template <eInstructionSet::domain ISA>
+bool enterLightnessFloatRow(const SourcePlace& place)
+{
+    return enterRow<LightnessImgLvl3, ISA, eInstructionSet::eIS_Generic, image::eIBT_Real>(LightnessImgLvl3Kernels<ISA>(), place);
 }
 } // namespace details
 } // namespace kovis::imaproc::color

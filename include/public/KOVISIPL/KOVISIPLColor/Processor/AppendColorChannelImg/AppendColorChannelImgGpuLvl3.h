@@ -9,10 +9,6 @@
 
 #include <boost/shared_ptr.hpp>
 
-#include <map>
-#include <string>
-#include <vector>
-
 namespace kovis::imaproc::color
 {
 /// Puts the channels of two images on a GPU into one, by a thread per pixel and channel. Attributes: InSubGpuImg1, InSubGpuImg2,
@@ -30,10 +26,7 @@ class KOVISIPLCOLOR_EXPORT AppendColorChannelImgGpuLvl3 : public processor::Base
     ProcessingResult<bool> genericKernelLauncher();
 
 protected:
-    BoolResult initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                           std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                           processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                           const processor::eProcessorRulePolicy& rulePolicy) override;
+    KOVIS_DECLARE_INIT();
     const processor::CudaFunctionSelector& getFunctionSelector() const override;
     void getDataTypeIdColl(processor::DataTypeIdentifierColl& types) const override;
 

@@ -9,10 +9,6 @@
 
 #include <boost/shared_ptr.hpp>
 
-#include <map>
-#include <string>
-#include <vector>
-
 namespace kovis::imaproc::color
 {
 /// Puts the channels of two whole images into one, those of the first before those of the second. Attributes: InImg1, InImg2 and
@@ -28,16 +24,12 @@ class KOVISIPLCOLOR_EXPORT AppendColorChannelImgLvl1 : public processor::BaseAsy
     KOVIS_DECLARE_ATTRIBUTE_ACCESS();
 
 protected:
-    BoolResult initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                           std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                           processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                           const processor::eProcessorRulePolicy& rulePolicy) override;
+    KOVIS_DECLARE_INIT();
     using processor::BaseAsync1Processor::retrieveProvider;
     processor::RetrievalResult retrieveProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider) override;
 
 private:
-    void initAttributeColl(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                           std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers);
+    void initAttributeColl(AttributeColl& attributes, OutputInitializerMap& outputInitializers);
     boost::shared_ptr<processor::BaseRule> createRule() const;
 
     boost::shared_ptr<attr::InImg1> m_inImg1;

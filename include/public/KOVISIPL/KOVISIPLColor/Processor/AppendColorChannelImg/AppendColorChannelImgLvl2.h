@@ -9,10 +9,6 @@
 
 #include <boost/shared_ptr.hpp>
 
-#include <map>
-#include <string>
-#include <vector>
-
 namespace kovis::imaproc::color
 {
 /// Puts the channels of two 2D images into one, strip by strip. Attributes: InSubColorImg2d1, InSubColorImg2d2, OutColorImg, all
@@ -22,17 +18,14 @@ class KOVISIPLCOLOR_EXPORT AppendColorChannelImgLvl2 : public processor::BaseAsy
     KOVIS_DECLARE_PROCESSOR(AppendColorChannelImgLvl2);
     KOVIS_DECLARE_ATTRIBUTE_ACCESS();
 
-    /// The same on the GPU: stores a provider of one AppendColorChannelImgGpuLvl3 and answers status 0 where GPU support is on and
-    /// every image that is set lies on a GPU; status 1 where not, for the caller to go on in host memory; status 2, with a message,
-    /// where an attribute is not set. The rule is not tested here, and nothing of this library calls it: run the provider by
-    /// kovis::core::runProvider. Throws KOVISBaseProcessingException before init where support is on.
+    /// The same on the GPU: stores a provider of one AppendColorChannelImgGpuLvl3 and answers status 0 where GPU support is on
+    /// and every image that is set lies on a GPU; status 1 where not, for the caller to go on in host memory; status 2, with a
+    /// message, where an attribute is not set. The rule is not tested here, and nothing of this library calls it: run the
+    /// provider by kovis::core::runProvider. Throws KOVISBaseProcessingException before init where support is on.
     processor::RetrievalResult tryToLaunchGpuProcess(const core::BasePriority& priority, core::ActionProviderPtr& provider);
 
 protected:
-    BoolResult initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                           std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                           processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                           const processor::eProcessorRulePolicy& rulePolicy) override;
+    KOVIS_DECLARE_INIT();
     using processor::BaseAsync1Processor::retrieveProvider;
     processor::RetrievalResult retrieveProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider) override;
 

@@ -11,10 +11,6 @@
 
 #include <boost/shared_ptr.hpp>
 
-#include <map>
-#include <string>
-#include <vector>
-
 namespace kovis::imaproc::color
 {
 /// Puts the channels of two Y strips into one. Attributes: InColorYStrip2d1, InColorYStrip2, OutColorYStrip2d, all to be given by
@@ -33,15 +29,8 @@ class KOVISIPLCOLOR_EXPORT AppendColorChannelImgLvl3 : public processor::BasePro
     ProcessingResult<bool> genericProcessFunction(const processor::ProcessingInfo& info);
 
 protected:
-    BoolResult initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                           std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                           processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                           const processor::eProcessorRulePolicy& rulePolicy) override;
-    const processor::AlgorithmFunctionSelector& getFunctionSelector() const override;
-    const processor::InstructionSetsIdentifier& getForcedInstructionSets() const override;
-    void getDataTypeIdColl(processor::DataTypeIdentifierColl& types) const override;
-    void initDataParserColl(std::vector<boost::shared_ptr<processor::BaseDataParser>>& parsers) override;
-    void clearDataParserColl() override;
+    KOVIS_DECLARE_INIT();
+    KOVIS_DECLARE_ALGORITHM_STEPS();
 
 private:
     boost::shared_ptr<attr::InColorYStrip2d1> m_inColorYStrip2d1;

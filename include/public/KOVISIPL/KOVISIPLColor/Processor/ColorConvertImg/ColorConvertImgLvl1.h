@@ -11,10 +11,6 @@
 
 #include <boost/shared_ptr.hpp>
 
-#include <map>
-#include <string>
-#include <vector>
-
 namespace kovis::imaproc::color
 {
 /// Converts a whole image of any size from one colour space to another. Attributes: InColorImg, InColorConversionTransform,
@@ -33,10 +29,7 @@ class KOVISIPLCOLOR_EXPORT ColorConvertImgLvl1 : public processor::BaseAsync3Pro
     KOVIS_DECLARE_ATTRIBUTE_ACCESS();
 
 protected:
-    BoolResult initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                           std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                           processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                           const processor::eProcessorRulePolicy& rulePolicy) override;
+    KOVIS_DECLARE_INIT();
     /// Measures the input where the conversion asks for that, otherwise converts it.
     processor::RetrievalResult retrieveFirstProvider(const core::BasePriority& priority,
                                                      core::ActionProviderPtr& provider) override;
@@ -48,8 +41,7 @@ protected:
                                                      core::ActionProviderPtr& provider) override;
 
 private:
-    void initAttributeColl(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                           std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers);
+    void initAttributeColl(AttributeColl& attributes, OutputInitializerMap& outputInitializers);
     boost::shared_ptr<processor::BaseRule> createRule() const;
     /// Whether the conversion reads its samples on the scale 0 to 255 by the sRGB curve, and so needs them measured.
     bool isRangeTestNeeded() const;

@@ -9,10 +9,6 @@
 
 #include <boost/shared_ptr.hpp>
 
-#include <map>
-#include <string>
-#include <vector>
-
 namespace kovis::imaproc::color
 {
 /// Converts one 2D image with all its channels from one colour space to another, strip by strip. Attributes: InSubColorImg2d,
@@ -24,10 +20,7 @@ class KOVISIPLCOLOR_EXPORT ColorConvertImgLvl2 : public processor::BaseAsync1Pro
     KOVIS_DECLARE_ATTRIBUTE_ACCESS();
 
 protected:
-    BoolResult initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                           std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                           processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                           const processor::eProcessorRulePolicy& rulePolicy) override;
+    KOVIS_DECLARE_INIT();
     using processor::BaseAsync1Processor::retrieveProvider;
     processor::RetrievalResult retrieveProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider) override;
 

@@ -9,10 +9,6 @@
 
 #include <boost/shared_ptr.hpp>
 
-#include <map>
-#include <string>
-#include <vector>
-
 namespace kovis::imaproc::color
 {
 /// Makes a grey image from a whole image of any size, number of channels and colour space. Attributes: InColorImg,
@@ -30,16 +26,12 @@ class KOVISIPLCOLOR_EXPORT LightnessImgLvl1 : public processor::BaseAsync1Proces
     KOVIS_DECLARE_ATTRIBUTE_ACCESS();
 
 protected:
-    BoolResult initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                           std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                           processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                           const processor::eProcessorRulePolicy& rulePolicy) override;
+    KOVIS_DECLARE_INIT();
     using processor::BaseAsync1Processor::retrieveProvider;
     processor::RetrievalResult retrieveProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider) override;
 
 private:
-    void initAttributeColl(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                           std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers);
+    void initAttributeColl(AttributeColl& attributes, OutputInitializerMap& outputInitializers);
 
     boost::shared_ptr<attr::InColorImg> m_inColorImg;
     boost::shared_ptr<attr::InLightnessType> m_inLightnessType;

@@ -9,10 +9,6 @@
 
 #include <boost/shared_ptr.hpp>
 
-#include <map>
-#include <string>
-#include <vector>
-
 namespace kovis::imaproc::color
 {
 /// Makes a 2D grey image from a 2D colour image. Attributes: InSubColorImg2d, InLightnessType, OutLightImg, all to be given by
@@ -23,10 +19,7 @@ class KOVISIPLCOLOR_EXPORT LightnessImgLvl2 : public processor::BaseAsync1Proces
     KOVIS_DECLARE_ATTRIBUTE_ACCESS();
 
 protected:
-    BoolResult initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                           std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                           processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                           const processor::eProcessorRulePolicy& rulePolicy) override;
+    KOVIS_DECLARE_INIT();
     using processor::BaseAsync1Processor::retrieveProvider;
     processor::RetrievalResult retrieveProvider(const core::BasePriority& priority, core::ActionProviderPtr& provider) override;
 

@@ -11,10 +11,6 @@
 
 #include <boost/shared_ptr.hpp>
 
-#include <map>
-#include <string>
-#include <vector>
-
 namespace kovis::imaproc::color
 {
 /// Makes one Y strip of a grey image from one of a colour image. Attributes: InColorYStrip2d, InLightnessType, OutLightYStrip2d,
@@ -34,15 +30,8 @@ class KOVISIPLCOLOR_EXPORT LightnessImgLvl3 : public processor::BaseProcessingAl
     ProcessingResult<bool> genericProcessFunction(const processor::ProcessingInfo& info);
 
 protected:
-    BoolResult initDerived(std::vector<boost::shared_ptr<processor::BaseAttribute>>& attributes,
-                           std::map<std::string, boost::shared_ptr<processor::BaseOutputInitializer>>& outputInitializers,
-                           processor::ProcessorDispatchPolicy& dispatchPolicy, boost::shared_ptr<processor::BaseRule>& rule,
-                           const processor::eProcessorRulePolicy& rulePolicy) override;
-    const processor::AlgorithmFunctionSelector& getFunctionSelector() const override;
-    const processor::InstructionSetsIdentifier& getForcedInstructionSets() const override;
-    void getDataTypeIdColl(processor::DataTypeIdentifierColl& types) const override;
-    void initDataParserColl(std::vector<boost::shared_ptr<processor::BaseDataParser>>& parsers) override;
-    void clearDataParserColl() override;
+    KOVIS_DECLARE_INIT();
+    KOVIS_DECLARE_ALGORITHM_STEPS();
 
 private:
     boost::shared_ptr<attr::InColorYStrip2d> m_inColorYStrip2d;
