@@ -142,6 +142,18 @@ TEST(Explain, misuseEndsWithTwoAndOneLine)
         EXPECT_EQ(run.out, "");
     }
     EXPECT_TRUE(contains(runProgram({"explain", "--from", "rgb", "--to", "lba"}).err, "did you mean 'lab'?"));
+    const std::string longName(1000, 'q');
+    for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
+             {longName},
+             {"explain", "--from", longName, "--to", "lab"},
+             {"explain", "--from", "rgb", "--to", "lab", "--type", longName},
+             {"convert", "in.tif", "-o", "out.tif", "--to", "lab", "--isa", longName},
+             {"lightness", "in.tif", "-o", "out.tif", "--formula", longName}})
+    {
+        const ProgramRun run = runProgram(arguments);
+        EXPECT_EQ(run.exitCode, 2) << run.err;
+        EXPECT_TRUE(contains(run.err, "'" + longName.substr(0, 40) + "...'")) << run.err;
+    }
     EXPECT_TRUE(contains(runProgram({"explian"}).err, "did you mean 'explain'?"));
 }
 
@@ -176,6 +188,58 @@ TEST(Explain, whatAnIntegerTypeLoses)
     EXPECT_TRUE(contains(loss("rgb", "luv", "u8"), "becomes 255 in the generic and sse2 forms and 0 in the avx2 and fma3 forms"));
     EXPECT_TRUE(contains(loss("rgb", "rgb", "u8"), "cuts fractions off"));
     EXPECT_TRUE(contains(loss("rgb", "grey", "u8"), "rounds to whole numbers and saturates at 0 and 255"));
+}
+
+using ExplainedLoss = Program;
+
+// Black of luv is NaN on every way, and lab and luv reach an R, G or B below 0, so that S goes beyond 1: told, and seen.
+TEST_F(ExplainedLoss, whatIsLostOnTheWayToAHueIsWhatIsTold)
+{
+    const auto loss = [](const std::string& from, const std::string& to) {
+        return explain(from, to, {"--type", "u8"})["loss"].get<std::string>();
+    };
+    for (const char* to : {"hsv", "hls"})
+    {
+        EXPECT_TRUE(contains(loss("luv", to), "S becomes a whole number")) << to;
+        EXPECT_TRUE(contains(loss("luv", to), "NaN (of black) becomes 255 in the generic and sse2 forms and 0 in the avx2 and fma3 "
+                                              "forms (H becomes 0)"))
+            << to;
+    }
+    for (const char* from : {"xyz", "lab", "ycbcr", "ypbpr", "user"})
+    {
+        EXPECT_TRUE(contains(loss(from, "hsv"), "S becomes a whole number")) << from;
+        EXPECT_FALSE(contains(loss(from, "hsv"), "NaN")) << from;
+    }
+    for (const char* from : {"rgb", "rgba", "grey", "hls"})
+        EXPECT_TRUE(contains(loss(from, "hsv"), "S becomes 0 or 1")) << from;
+
+    const auto getPixel = [this](const std::string& from, const std::string& to, const std::string& form,
+                                 const std::vector<float>& pixel)
+    {
+        writeRow(m_input, ElementType::eF32, 3, pixel);
+        const ProgramRun run = convert({"--from", from, "--to", to, "--type", "u8"}, "KOVIS_MAX_INSTRUCTION_SET=" + form);
+        EXPECT_EQ(run.exitCode, 0) << run.err;
+        const Picture picture = readPicture(m_output);
+        std::vector<int> found;
+        for (std::size_t channel = 0; channel < 3; ++channel)
+            found.push_back(picture.getPlane<std::uint8_t>(0, channel)[0]);
+        return found;
+    };
+    const Json available = Json::parse(runProgram({"kernels", "--json"}).out)["available"];
+    for (const auto& [form, nan] : std::vector<std::pair<std::string, int>>{{"generic", 255}, {"sse2", 255}, {"avx2", 0}, {"fma3", 0}})
+    {
+        if (!available[form].get<bool>())
+            continue;
+        EXPECT_EQ(getPixel("luv", "hsv", form, {0.0F, 0.0F, 0.0F}), (std::vector<int>{0, nan, nan})) << form;
+        EXPECT_EQ(getPixel("luv", "hls", form, {0.0F, 0.0F, 0.0F}), (std::vector<int>{0, nan, nan})) << form;
+        // Red: S is 1.569.
+        EXPECT_EQ(getPixel("lab", "hsv", form, {53.240789F, 80.092494F, 67.203191F}), (std::vector<int>{255, 2, 100})) << form;
+        // Black of lab has an X and a Z, so that its u and v are numbers.
+        EXPECT_EQ(getPixel("lab", "luv", form, {0.0F, 0.0F, 0.0F}), (std::vector<int>{0, 0, 0})) << form;
+    }
+    EXPECT_FALSE(contains(loss("lab", "luv"), "NaN"));
+    EXPECT_FALSE(contains(explain("lab", "luv")["to"]["range"], "NaN"));
+    EXPECT_TRUE(contains(loss("hsv", "luv"), "NaN (of black) becomes 255"));
 }
 
 TEST(Explain, theRowIsTheOneThatThisMachineRuns)

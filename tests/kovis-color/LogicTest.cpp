@@ -47,7 +47,9 @@ TEST(ColourSpace, aTypoIsAnsweredWithTheNearestName)
     EXPECT_NE(parseErrorOf("YCrCb").find("did you mean 'ycbcr'?"), std::string::npos);
     EXPECT_NE(parseErrorOf("gery").find("did you mean 'grey'?"), std::string::npos);
     EXPECT_NE(parseErrorOf("xzy").find("did you mean 'xyz'?"), std::string::npos);
-    EXPECT_NE(parseErrorOf(std::string(100000, 'q')).find("did you mean"), std::string::npos);
+    EXPECT_NE(parseErrorOf(std::string(40, 'q')).find("space '" + std::string(40, 'q') + "'; did you mean"), std::string::npos);
+    EXPECT_NE(parseErrorOf(std::string(100000, 'q')).find("space '" + std::string(40, 'q') + "...'; did you mean"),
+              std::string::npos);
 }
 
 TEST(ColourSpace, theChannelCountTellsTheSpace)
@@ -75,6 +77,8 @@ TEST(MatrixText, whatIsNoNumberIsNamed)
 {
     const TestFolder folder;
     EXPECT_NE(getErrorOf([] { readMatrix("1,2-3"); }).find("'2-3' is no number"), std::string::npos);
+    EXPECT_NE(getErrorOf([] { readMatrix("1," + std::string(1000, 'x')); }).find("'" + std::string(40, 'x') + "...' is no number"),
+              std::string::npos);
     EXPECT_NE(getErrorOf([] { readMatrix(","); }).find("holds no number"), std::string::npos);
     EXPECT_NE(getErrorOf([] { readMatrix("1e99"); }).find("'1e99' is no number"), std::string::npos);
     std::ofstream(folder.getPath("nan.txt")) << "1 nan";
@@ -113,6 +117,10 @@ TEST(Numbers, theTruthAboutRangesAndSaturation)
     EXPECT_EQ(describeSaturation(image::eCGT_Rgb, image::eCGT_HSV, ElementType::eF32), "");
     EXPECT_EQ(describeSaturation(image::eCGT_Rgb, image::eCGT_HSV, ElementType::eU8),
               "u8 rounds to whole numbers and saturates at 0 and 255, hues above 255 become 255, S becomes 0 or 1");
+    EXPECT_EQ(describeSaturation(image::eCGT_XYZ, image::eCGT_HSV, ElementType::eI16),
+              "i16 rounds to whole numbers and saturates at -32768 and 32767, S becomes a whole number");
+    EXPECT_EQ(describeRange(image::eCGT_XYZ, image::eCGT_HSV, ElementType::eF32),
+              "H 0 to 360 degrees, S 0 to 1 where no R, G, B is negative, V on the scale of Y, as linear light");
     EXPECT_EQ(describeSaturation(image::eCGT_Rgb, image::eCGT_YPbPr, ElementType::eU16),
               "u16 rounds to whole numbers and saturates at 0 and 65535, negative Pb and Pr become 0");
     EXPECT_NE(describeSaturation(image::eCGT_Grey, image::eCGT_Grey, ElementType::eI8).find("cuts fractions off"),

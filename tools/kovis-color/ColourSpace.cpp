@@ -87,7 +87,7 @@ image::eColorGeometryType parseSpace(const std::string& option, const std::strin
         return image::eCGT_Grey;
     std::array<const char*, g_spaces.size()> names = {};
     std::transform(g_spaces.begin(), g_spaces.end(), names.begin(), [](const SpaceEntry& entry) { return entry.name; });
-    throw ToolError(option, "there is no colour space '" + name + "'",
+    throw ToolError(option, "there is no colour space " + quoteWord(name),
                     "did you mean '" + findNearest(name, names.data(), names.size()) + "'? Spaces: " + getSpaceNames(), eMisused);
 }
 

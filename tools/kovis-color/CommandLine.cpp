@@ -247,7 +247,7 @@ int CommandLine::run(int argc, const char* const* argv, std::ostream& out, std::
         if (verbs.empty() && argc > 1 && argv[1][0] != '-' && argv[1][0] != '\0')
         {
             const char* const names[] = {"convert", "lightness", "append", "run", "info", "explain", "kernels"};
-            throw ToolError("kovis-color", "there is no verb '" + std::string(argv[1]) + "'",
+            throw ToolError("kovis-color", "there is no verb " + quoteWord(argv[1]),
                             "did you mean '" + findNearest(argv[1], names, std::size(names)) + "'? See kovis-color --help",
                             eMisused);
         }

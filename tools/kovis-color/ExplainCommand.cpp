@@ -60,7 +60,7 @@ void printJson(const Explanation& explanation, std::ostream& out)
                      {"output", getElementName(explanation.spaces.back().type)},
                      {"form", explanation.kernelForm},
                      {"instructionSets", explanation.kernelSets}};
-    out << answer.dump(2) << "\n";
+    out << answer.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << "\n";
 }
 
 // Rows under each other, as they are multiplied; the offset behind a bar.

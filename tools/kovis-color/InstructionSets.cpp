@@ -31,7 +31,7 @@ const KernelForm& getAvailableForm(const std::string& name, const std::vector<co
         std::string list = names.front();
         for (std::size_t i = 1; i < names.size(); ++i)
             list += (i + 1 == names.size() ? " or " : ", ") + std::string(names[i]);
-        throw ToolError("--isa", "there is no instruction set '" + name + "'",
+        throw ToolError("--isa", "there is no instruction set " + quoteWord(name),
                         "did you mean '" + findNearest(name, names.data(), names.size()) + "'? Take " + list, eMisused);
     }
     const KernelForm& form = *std::find_if(getKernelForms().begin(), getKernelForms().end(),
@@ -111,7 +111,7 @@ void checkEnvironment()
 {
     const char* value = std::getenv(g_variable);
     if (value != nullptr && *value != '\0' && !core::isInstructionSetName(value))
-        throw ToolError(g_variable, "'" + std::string(value) + "' is no instruction set",
+        throw ToolError(g_variable, quoteWord(value) + " is no instruction set",
                         "set it to one of " + std::string(core::getInstructionSetNames()) + ", or unset it", eMisused);
 }
 } // namespace kovis::tool

@@ -33,7 +33,7 @@ eLightnessType parseFormula(const std::string& name)
     std::transform(lower.begin(), lower.end(), lower.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     const auto found = std::find(std::begin(g_formulas), std::end(g_formulas), lower);
     if (found == std::end(g_formulas))
-        throw ToolError("--formula", "there is no formula '" + name + "'",
+        throw ToolError("--formula", "there is no formula " + quoteWord(name),
                         "did you mean '" + findNearest(name, g_formulas, std::size(g_formulas)) +
                             "'? Take average, lightness or luminosity",
                         eMisused);

@@ -24,7 +24,7 @@ float parseNumber(const std::string& subject, const std::string& word, ExitCode 
     float number = 0.0F;
     const auto [stop, error] = std::from_chars(begin, end, number);
     if (error != std::errc() || stop != end || !std::isfinite(number))
-        throw ToolError(subject, "'" + word.substr(0, 40) + "' is no number of the matrix",
+        throw ToolError(subject, quoteWord(word) + " is no number of the matrix",
                         "write plain decimal numbers separated by commas", exitCode);
     return number;
 }

@@ -17,7 +17,7 @@ ElementType parseType(const std::string& option, const std::string& name)
 {
     ElementType type = ElementType::eF32;
     if (!parseElementName(name, type))
-        throw ToolError(option, "there is no element type '" + name + "'", "take u8, i8, u16, i16, u32, i32 or f32", eMisused);
+        throw ToolError(option, "there is no element type " + quoteWord(name), "take u8, i8, u16, i16, u32, i32 or f32", eMisused);
     return type;
 }
 

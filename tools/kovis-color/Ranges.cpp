@@ -74,6 +74,19 @@ const char* getChromaCentre(ElementType type)
     }
 }
 
+// These spaces have colours whose R, G or B is negative, also among the numbers that are usual for them.
+bool reachesNegativeRgb(eColorGeometryType from)
+{
+    return from == image::eCGT_XYZ || from == image::eCGT_YPbPr || from == image::eCGT_YCbCr || from == image::eCGT_CieLab ||
+           from == image::eCGT_CieLuv || from == image::eCGT_User;
+}
+
+// Black of lab is no black of xyz, so that it has u and v.
+bool makesNanOfBlack(eColorGeometryType from, eColorGeometryType to)
+{
+    return from == image::eCGT_CieLuv || (to == image::eCGT_CieLuv && from != image::eCGT_CieLab);
+}
+
 // The scale of what lies on the RGB side of the graph.
 std::string describeScale(eColorGeometryType from)
 {
@@ -125,7 +138,7 @@ std::string describeLuv(eColorGeometryType from, bool bCurve)
         return "L 0 to 764, u about -645 to 1478, v about -1246 to 835 (white is Y 0.329024, not 100)" +
                std::string(g_readByTheCurve) + black;
     if (from == image::eCGT_CieLab)
-        return "L 0 to 764, u and v as large (white is Y 0.329024, XYZ from lab has it at 100)" + black;
+        return "L 0 to 764, u and v as large (white is Y 0.329024, XYZ from lab has it at 100)";
     return "L 0 to 100 for Y from 0 to 0.329024, 764 at Y 100, u and v signed" + black;
 }
 
@@ -147,7 +160,8 @@ std::string describeTarget(eColorGeometryType from, eColorGeometryType to, bool 
     case image::eCGT_HLS:
         return "H 0 to 360 degrees, L on " + scale + ", S 0 to 1 only for samples from 0 to 1, negative where L is above 1";
     case image::eCGT_HSV:
-        return "H 0 to 360 degrees, S 0 to 1, V on " + scale;
+        return "H 0 to 360 degrees, S 0 to 1" +
+               std::string(reachesNegativeRgb(from) ? " where no R, G, B is negative" : "") + ", V on " + scale;
     case image::eCGT_User:
         return "what the matrix makes of the samples";
     case image::eCGT_Rgba:
@@ -157,13 +171,13 @@ std::string describeTarget(eColorGeometryType from, eColorGeometryType to, bool 
     }
 }
 
-std::string describeHueLoss(eColorGeometryType to, ElementType type, const Limits& limits)
+std::string describeHueLoss(eColorGeometryType from, eColorGeometryType to, ElementType type, const Limits& limits)
 {
     std::string text;
     if (type == ElementType::eU8 || type == ElementType::eI8)
         text += ", hues above " + limits.greatest + " become " + limits.greatest;
     if (to == image::eCGT_HSV)
-        return text + ", S becomes 0 or 1";
+        return text + (reachesNegativeRgb(from) ? ", S becomes a whole number" : ", S becomes 0 or 1");
     return text + ", S becomes a whole number" +
            (isUnsigned(type) ? ", negative S (L above 1) becomes 0" : ", mostly 0 or -1 where L is above 1");
 }
@@ -242,15 +256,15 @@ std::string describeSaturation(eColorGeometryType from, eColorGeometryType to, E
     if (bCopied)
         return text;
     if (hasHue(to))
-        text += describeHueLoss(to, resultType, limits);
+        text += describeHueLoss(from, to, resultType, limits);
     const bool bNegative = to == image::eCGT_YPbPr || to == image::eCGT_CieLab || to == image::eCGT_CieLuv;
     if (bNegative && isUnsigned(resultType))
         text += ", negative " + getChannelName(to, 1) + " and " + getChannelName(to, 2) + " become 0";
     if (from == image::eCGT_CieLuv && !hasHue(to) && to != image::eCGT_CieLab && to != image::eCGT_User)
         text += ", where numbers up to 0.33 leave next to nothing";
-    if ((from == image::eCGT_CieLuv && !hasHue(to)) || to == image::eCGT_CieLuv)
+    if (makesNanOfBlack(from, to))
         text += ", NaN (of black) becomes " + limits.greatest + " in the generic and sse2 forms and " + limits.least +
-                " in the avx2 and fma3 forms";
+                " in the avx2 and fma3 forms" + (hasHue(to) ? " (H becomes 0)" : "");
     return text;
 }
 } // namespace kovis::tool

@@ -20,6 +20,15 @@ ToolError::ToolError(const std::string& subject, const std::string& whatIsWrong,
 {
 }
 
+std::string quoteWord(const std::string& word)
+{
+    constexpr std::size_t g_maxLength = 40;
+    std::string quoted(1, '\'');
+    quoted += word.substr(0, g_maxLength);
+    quoted += word.size() > g_maxLength ? "...'" : "'";
+    return quoted;
+}
+
 std::string toOneLine(const std::string& text)
 {
     std::string line;

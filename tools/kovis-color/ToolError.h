@@ -26,6 +26,9 @@ private:
     ExitCode m_exitCode;
 };
 
+/// A word of the user's in quotes, cut short where it is far too long for a line.
+std::string quoteWord(const std::string& word);
+
 /// The text on one line: line ends and other control characters become single spaces.
 std::string toOneLine(const std::string& text);
 } // namespace kovis::tool
