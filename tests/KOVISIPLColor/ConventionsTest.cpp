@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace kovis::imaproc::color
 {
@@ -13,8 +15,12 @@ namespace
 using namespace image;
 using test::allChannels;
 using test::convertPixel;
+using test::convertPixelByLevel2;
 using test::expectNear;
+using test::makePixel;
 using test::Pixel;
+using test::PixelImage;
+using test::readPixel;
 
 constexpr double g_twoDigits = 0.0051;
 constexpr double g_threeDigits = 0.00051;
@@ -35,7 +41,8 @@ TEST(Conventions, LumaAndChroma)
     expectNear(convertPixel<float>(eCGT_Rgb, eCGT_YCbCr, {1.0, 0.0, 0.0}), {0.299, 127.831, 128.5}, allChannels(g_threeDigits));
     expectNear(convertPixel<unsigned char>(eCGT_Rgb, eCGT_YCbCr, {255.0, 255.0, 255.0}), {255.0, 128.0, 128.0},
                allChannels(g_threeDigits));
-    EXPECT_NEAR(convertPixel<unsigned char>(eCGT_Rgb, eCGT_YPbPr, {255.0, 0.0, 0.0})[0], 76.245, g_threeDigits);
+    const auto red = makePixel<unsigned char>(eCGT_Rgb, {255.0, 0.0, 0.0});
+    EXPECT_NEAR(planeData<float>(colorConvertImg(red, eCGT_Grey), 0)[0], 76.245F, 0.00051F);
 }
 
 TEST(Conventions, HueInDegreesAndTheConstantOfHLS)
@@ -49,7 +56,7 @@ TEST(Conventions, TheCurveIsOnOneWayOnly)
 {
     const Pixel digits = allChannels(g_threeDigits);
     expectNear(convertPixel<unsigned char>(eCGT_Rgb, eCGT_XYZ, {255.0, 0.0, 0.0}), {41.246, 21.267, 1.933}, digits);
-    expectNear(convertPixel<unsigned char>(eCGT_Rgb, eCGT_XYZ, {1.0, 1.0, 1.0}), {0.0288, 0.0304, 0.0330}, allChannels(0.00006));
+    expectNear(convertPixelByLevel2(eCGT_Rgb, eCGT_XYZ, {1.0, 1.0, 1.0}), {0.0288, 0.0304, 0.0330}, allChannels(0.00006));
     expectNear(convertPixel<float>(eCGT_XYZ, eCGT_Rgb, {95.047, 100.0, 108.883}), {100.0, 100.0, 100.0}, digits);
     expectNear(convertPixel<float>(eCGT_XYZ, eCGT_Rgb, convertPixel<unsigned char>(eCGT_Rgb, eCGT_XYZ, {128.0, 128.0, 128.0})),
                {21.586, 21.586, 21.586}, digits);
@@ -103,5 +110,34 @@ TEST(Conventions, MiddleLinksWorkInPlace)
     expectNear(convertPixel<float>(eCGT_HSV, eCGT_CieLab, {0.0, 0.0, 255.0}), {92.21, 33.59, -5.37}, digits);
     expectNear(convertPixel<float>(eCGT_CieLab, eCGT_HSV, {53.240789, 80.092494, 67.203191}), {330.88, 1.569, 100.0},
                {g_twoDigits, g_threeDigits, g_twoDigits});
+}
+
+// The pairs above by hand, through the RGB of the colour.
+TEST(Conventions, TwoConversionsGiveTheColourItself)
+{
+    const Pixel digits = allChannels(g_twoDigits);
+    const Pixel red = {53.24, 80.09, 67.20};
+    const Pixel white = {100.0, 0.0, 0.0};
+    for (const auto& [hsv, lab] : {std::pair<Pixel, Pixel>{{0.0, 1.0, 255.0}, red}, {{0.0, 0.0, 255.0}, white}})
+    {
+        for (const PixelImage& rgb : {makePixel<unsigned char>(eCGT_Rgb), makePixel<unsigned short>(eCGT_Rgb)})
+        {
+            colorConvertImg(makePixel<float>(eCGT_HSV, hsv), eCGT_Rgb, rgb);
+            expectNear(readPixel<float>(colorConvertImg(rgb, eCGT_CieLab)), lab, digits);
+        }
+        // What the first conversion gives by itself is float: right by level 2, the Lab of zeros by the entry function.
+        const PixelImage rgb = colorConvertImg(makePixel<float>(eCGT_HSV, hsv), eCGT_Rgb);
+        expectNear(convertPixelByLevel2(eCGT_Rgb, eCGT_CieLab, readPixel<float>(rgb)), lab, digits);
+        expectNear(readPixel<float>(colorConvertImg(rgb, eCGT_CieLab)), {0.0, 0.0, 0.0}, allChannels(1e-6));
+    }
+    const PixelImage rgb = colorConvertImg(makePixel<float>(eCGT_HSV, {0.0, 1.0, 255.0}), eCGT_Rgb);
+    expectNear(readPixel<float>(colorConvertImg(rgb, eCGT_CieLuv)), {449.536, 1477.96, 319.01}, digits);
+
+    const PixelImage linear = colorConvertImg(makePixel<float>(eCGT_CieLab, {53.240789, 80.092494, 67.203191}), eCGT_Rgb);
+    const Pixel hsv = readPixel<float>(colorConvertImg(linear, eCGT_HSV));
+    // Red lies at both ends of the hues.
+    EXPECT_LT(std::min(hsv[0], 360.0 - hsv[0]), 0.01);
+    EXPECT_NEAR(hsv[1], 1.0, 0.0001);
+    EXPECT_NEAR(hsv[2], 100.0, g_twoDigits);
 }
 } // namespace kovis::imaproc::color

@@ -1,5 +1,5 @@
-// Colours that others have published, converted through the entry function and compared to the digits that they print. The spaces
-// whose convention differs from the published one are in docs/conventions.md.
+// Colours that others have published, or that follow from published formulas, converted through the entry function and compared to
+// the digits printed. The spaces whose convention differs from the published one are in docs/conventions.md.
 
 #include "ConvertPixel.h"
 
@@ -37,7 +37,9 @@ TEST(PublishedValues, WhiteIsThatOfTheStandardIlluminant)
     expectNear(convertPixel<unsigned char>(eCGT_Rgb, eCGT_CieLab, {255, 255, 255}), {100.0, 0.0, 0.0}, allChannels(0.005));
 }
 
-// The corners of the sRGB cube in Lab, as textbooks and tables print them (D65, 2 degree observer, white 0.95047, 1, 1.08883).
+// The corners of the sRGB cube in Lab: no table, but worked out by hand in double, from the primaries and the curve of
+// IEC 61966-2-1 and the formulas of CIE 15 (ISO/CIE 11664-4) for a white of 95.047, 100, 108.883, rounded to the digits
+// shown.
 TEST(PublishedValues, CornersOfTheSRGBCubeInLab)
 {
     const Pixel half = allChannels(0.0051);
@@ -105,7 +107,9 @@ TEST(PublishedValues, YCbCrOfJpegFiles)
     expectNear(convertPixel<unsigned char>(eCGT_Rgb, eCGT_YCbCr, {0, 0, 255}), scaled(0.114, 0.5, -0.081312), half);
 }
 
-// The table of examples of the encyclopedia's article "HSL and HSV": R, G, B, hue, both saturations, value and lightness.
+// Wikipedia, "HSL and HSV", the table of examples: R, G, B, hue, both saturations, value and lightness. Its formulas are those of
+// A. R. Smith, "Color Gamut Transform Pairs" (SIGGRAPH 1978), for HSV, and of G. H. Joblove and D. Greenberg, "Color Spaces for
+// Computer Graphics" (the same volume), for HLS.
 TEST(PublishedValues, HueSaturationValueAndLightness)
 {
     struct Example
