@@ -84,10 +84,9 @@ float tablePower(const ModelForm& form, float x, float y)
     const float m = std::bit_cast<float>((bits & 0x007FFFFFU) | 0x3F000000U);
     const float e = static_cast<float>(static_cast<int>(bits >> 23) - 126);
 
-    const int i = findPlace(m);
-    const std::size_t place = static_cast<std::size_t>(i);
-    const float distance = m - getTable()[place];
-    const float v = (distance - g_correction[place / 2]) * getInverseTable()[place];
+    const ModelPowerPlace place = modelPowerPlace(m);
+    const float distance = m - place.m_a;
+    const float v = (distance - place.m_b) * place.m_aInverse;
 
     const float z = v * v;
     float w = modelMulAdd(form, -0.166388303F, v, 0.200377032F);
@@ -99,7 +98,7 @@ float tablePower(const ModelForm& form, float x, float y)
     w = modelMulAdd(form, 0.442695051F, w, w);
     w = modelMulAdd(form, 0.442695051F, v, w);
     w = w + v;
-    const float n = e - static_cast<float>(i) * 0.0625F;
+    const float n = e - static_cast<float>(place.m_i) * 0.0625F;
 
     // The product of w is the fused one, that of n keeps its own rounding.
     const float small = n * yb;
@@ -124,10 +123,8 @@ float tablePower(const ModelForm& form, float x, float y)
     p = modelMulAdd(form, p, hb, 0.693147182F);
     p = p * hb;
 
-    const std::int64_t j = k >= 0 ? k / 16 + 1 : -(-k / 16);
-    const float entry = getTable()[static_cast<std::size_t>(16 * j - k)];
-    const float r = modelMulAdd(form, p, entry, entry);
-    return r * std::ldexp(1.0F, static_cast<int>(std::clamp<std::int64_t>(j, -126, 127)));
+    const ModelPowerSplit split = modelPowerSplit(k);
+    return modelMulAdd(form, p, split.m_entry, split.m_entry) * split.m_scale;
 }
 
 bool isWhole(float y)
@@ -208,6 +205,20 @@ float withSpecialValues(float r, float x, float y)
 float modelPowerTable(int i)
 {
     return getTable()[static_cast<std::size_t>(i)];
+}
+
+ModelPowerPlace modelPowerPlace(float m)
+{
+    const int i = findPlace(m);
+    const std::size_t place = static_cast<std::size_t>(i);
+    return {i, getTable()[place], g_correction[place / 2], getInverseTable()[place]};
+}
+
+ModelPowerSplit modelPowerSplit(std::int64_t k)
+{
+    const std::int64_t j = k >= 0 ? k / 16 + 1 : -(-k / 16);
+    return {getTable()[static_cast<std::size_t>(16 * j - k)],
+            std::ldexp(1.0F, static_cast<int>(std::clamp<std::int64_t>(j, -126, 127)))};
 }
 
 float modelReduc(const ModelForm& form, float v)

@@ -1,5 +1,4 @@
 #include "KOVIS/KOVISSimd/TargetRegion.h"
-#include "support/PowerUnderTest.h"
 
 KOVIS_TARGET_BEGIN("avx")
 #include "KOVIS/KOVISSimd/AvxRegister.h"
@@ -7,9 +6,6 @@ KOVIS_TARGET_BEGIN("avx")
 
 namespace kovis::test
 {
-void powAvx(float y, unsigned long count, const float* x, float* out)
-{
-    powPlane<simd::avx::Register>(y, count, x, out);
-}
+KOVIS_INSTANTIATE_POWER_UNDER_TEST(simd::avx::Register)
 } // namespace kovis::test
 KOVIS_TARGET_END

@@ -1,5 +1,4 @@
 #include "KOVIS/KOVISSimd/TargetRegion.h"
-#include "support/PowerUnderTest.h"
 
 KOVIS_TARGET_BEGIN("avx2")
 #include "KOVIS/KOVISSimd/Avx2Register.h"
@@ -7,9 +6,6 @@ KOVIS_TARGET_BEGIN("avx2")
 
 namespace kovis::test
 {
-void powAvx2(float y, unsigned long count, const float* x, float* out)
-{
-    powPlane<simd::avx2::Register>(y, count, x, out);
-}
+KOVIS_INSTANTIATE_POWER_UNDER_TEST(simd::avx2::Register)
 } // namespace kovis::test
 KOVIS_TARGET_END

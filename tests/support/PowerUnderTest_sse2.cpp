@@ -1,5 +1,4 @@
 #include "KOVIS/KOVISSimd/TargetRegion.h"
-#include "support/PowerUnderTest.h"
 
 KOVIS_TARGET_BEGIN("sse2")
 #include "KOVIS/KOVISSimd/Sse2Register.h"
@@ -7,9 +6,6 @@ KOVIS_TARGET_BEGIN("sse2")
 
 namespace kovis::test
 {
-void powSse2(float y, unsigned long count, const float* x, float* out)
-{
-    powPlane<simd::sse2::Register>(y, count, x, out);
-}
+KOVIS_INSTANTIATE_POWER_UNDER_TEST(simd::sse2::Register)
 } // namespace kovis::test
 KOVIS_TARGET_END

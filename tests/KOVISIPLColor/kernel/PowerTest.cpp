@@ -8,6 +8,7 @@
 #include <limits>
 #include <ostream>
 #include <random>
+#include <set>
 #include <vector>
 
 // The table power of each vector form against the model and by literal value.
@@ -104,6 +105,69 @@ TEST_P(TablePower, MantissasGiveTheBitsOfTheModel)
         expectBits(bases, y);
         ASSERT_FALSE(HasFatalFailure());
     }
+}
+
+// The tables as each form reads them, in registers and by rows, against plain reads. Mantissas from A[1] on come as their halves,
+// with the last place for the first: half of its A and twice its inverse.
+TEST_P(TablePower, TheSearchReadsWhatTheTablesHold)
+{
+    std::vector<float> mantissas;
+    const std::uint32_t first = std::bit_cast<std::uint32_t>(modelPowerTable(1)) - (1U << 23U);
+    for (std::uint32_t step = 0; step < (1U << 23U); step += 1009)
+    {
+        mantissas.push_back(std::bit_cast<float>(first + step));
+    }
+    mantissas.push_back(std::nextafterf(modelPowerTable(1), 0.0F));
+    for (int i = 2; i <= 16; ++i)
+    {
+        const float entry = modelPowerTable(i);
+        mantissas.insert(mantissas.end(), {std::nextafterf(entry, 0.0F), entry, std::nextafterf(entry, 1.0F)});
+    }
+    mantissas.resize((mantissas.size() + 31) / 32 * 32, 0.5F);
+    std::vector<std::vector<float>> planes(4, std::vector<float>(mantissas.size()));
+    float* const found[] = {planes[0].data(), planes[1].data(), planes[2].data(), planes[3].data()};
+    GetParam().m_search(mantissas.size(), mantissas.data(), found);
+    std::set<int> seen;
+    for (std::size_t i = 0; i < mantissas.size(); ++i)
+    {
+        const bool bHalf = mantissas[i] < 0.5F;
+        const ModelPowerPlace place = modelPowerPlace(bHalf ? mantissas[i] * 2.0F : mantissas[i]);
+        ASSERT_EQ(place.m_i == 0, bHalf);
+        const float expected[] = {bHalf ? 0.5F : place.m_a, place.m_b, bHalf ? 2.0F : place.m_aInverse,
+                                  bHalf ? 1.0F : static_cast<float>(place.m_i) / 16.0F};
+        for (std::size_t plane = 0; plane < 4; ++plane)
+        {
+            ASSERT_TRUE(sameValue(planes[plane][i], expected[plane]))
+                << std::hexfloat << mantissas[i] << ", plane " << plane << ": " << planes[plane][i] << " for " << expected[plane];
+        }
+        seen.insert(place.m_i);
+    }
+    EXPECT_EQ(seen, (std::set<int>{0, 2, 4, 6, 8, 10, 12, 14, 16}));
+}
+
+// Each whole number of sixteenths from far below the limit of the scale to far above it, and some farther out.
+TEST_P(TablePower, TheSplitReadsWhatTheTableHolds)
+{
+    std::vector<float> sixteenths{-2147483648.0F, -1e9F, -100003.0F, 100003.0F, 1e9F};
+    for (int k = -5000; k <= 5000; ++k)
+    {
+        sixteenths.push_back(static_cast<float>(k));
+    }
+    sixteenths.resize((sixteenths.size() + 31) / 32 * 32, -0.0F);
+    std::vector<float> entries(sixteenths.size());
+    std::vector<float> scales(sixteenths.size());
+    float* const found[] = {entries.data(), scales.data()};
+    GetParam().m_split(sixteenths.size(), sixteenths.data(), found);
+    std::set<float> seen;
+    for (std::size_t i = 0; i < sixteenths.size(); ++i)
+    {
+        const ModelPowerSplit split = modelPowerSplit(static_cast<std::int64_t>(sixteenths[i]));
+        ASSERT_TRUE(sameValue(entries[i], split.m_entry)) << sixteenths[i] << ": " << entries[i] << " for " << split.m_entry;
+        ASSERT_TRUE(sameValue(scales[i], split.m_scale)) << sixteenths[i] << ": " << scales[i] << " for " << split.m_scale;
+        seen.insert(split.m_entry);
+    }
+    // A negative whole number begins with the first entry, another one ends with the last.
+    EXPECT_EQ(seen.size(), 17U);
 }
 
 // Negative and special ones, denormals, and whatever else is a float.
@@ -250,6 +314,9 @@ TEST_P(TablePower, SpecialValues)
         {1.0F, g_nan, 1.0F},
         {1.0F, g_infinity, 1.0F},
         {1.0F, -g_infinity, 1.0F},
+        // Sixteen times these exponents is infinite.
+        {1.0F, 3e38F, 1.0F},
+        {1.0F, 2.2e37F, 1.0F},
         {g_nan, 0.0F, 1.0F},
         {g_nan, -0.0F, 1.0F},
         {g_infinity, 0.0F, 1.0F},
