@@ -1,7 +1,10 @@
-// The ways to convert an image, one after the other. Ends with 0 if each gave what it should.
+// The ways to convert an image, one after the other, and what else is made of images: grey ones, and one with the channels of
+// two. Ends with 0 if each gave what it should.
 #include "KOVIS/KOVISCore/BaseAction.h"
 #include "KOVIS/KOVISImage/ImageFactory.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImg.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImg.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImg.h"
 
 #include <algorithm>
 #include <chrono>
@@ -83,6 +86,24 @@ bool convertVolume()
     return grey->getSizeZ() == 4 && planeData<float>(grey, 0, 3)[sizeX * sizeY - 1] == 128.0F;
 }
 
+// A grey image by one of three formulas, of the element type of the input.
+bool makeGreyImage()
+{
+    const auto average = color::lightnessImg(makeBlueImage());
+    const auto luminosity = color::lightnessImg(makeBlueImage(), attr::eLT_Luminosity);
+    return average->getColorGeometryType() == eCGT_Grey && planeData<unsigned char>(average, 0)[0] == 85 &&
+           planeData<unsigned char>(luminosity, 0)[0] == 18; // 0.07 of the blue
+}
+
+// The channels of two images of one size and element type in a third: the first image's, then the second's.
+bool appendImages()
+{
+    const auto rgb = makeBlueImage();
+    const auto four = color::appendColorChannelImg(rgb, color::lightnessImg(rgb));
+    return four->getColorGeometryType() == eCGT_User && four->getSizeC() == 4 && planeData<unsigned char>(four, 2)[0] == 255 &&
+           planeData<unsigned char>(four, 3)[0] == 85;
+}
+
 // What does not fit is refused with an exception that says so.
 bool refuse()
 {
@@ -101,8 +122,8 @@ bool refuse()
 
 int main()
 {
-    const bool bGood =
-        convertToNewImage() && convertIntoImage() && convertInBackground() && convertByMatrix() && convertVolume() && refuse();
-    std::cout << (bGood ? "all conversions gave what they should\n" : "a conversion gave something else\n");
+    const bool bGood = convertToNewImage() && convertIntoImage() && convertInBackground() && convertByMatrix() &&
+                       convertVolume() && makeGreyImage() && appendImages() && refuse();
+    std::cout << (bGood ? "all functions gave what they should\n" : "a function gave something else\n");
     return bGood ? 0 : 1;
 }
