@@ -1,5 +1,8 @@
 #include "ColorTestImages.h"
 
+#include "KOVIS/KOVISBaseProcessing/KOVISBaseProcessingLog.h"
+#include "KOVIS/KOVISImageProcessing/KOVISImageProcessingLog.h"
+#include "KOVIS/KOVISUtil/Logging.h"
 #include "KOVISIPL/KOVISIPLAttributes/InImg1.h"
 #include "KOVISIPL/KOVISIPLAttributes/InImg2.h"
 #include "KOVISIPL/KOVISIPLAttributes/OutColorImg.h"
@@ -9,6 +12,7 @@
 #include "support/RecordingAppender.h"
 
 #include <boost/make_shared.hpp>
+#include <boost/pointer_cast.hpp>
 #include <gtest/gtest.h>
 
 namespace kovis::imaproc::color
@@ -42,6 +46,21 @@ test::ImagePtr makeImage(eColorGeometryType type, eImageBufferType bufferType = 
 test::ImagePtr makeUserImage(unsigned long nbChannels)
 {
     return createImageUser2d(4, 3, nbChannels, eIBT_UInt8);
+}
+
+/// The call throws an exception of this class, with this text.
+template <class TException, class TCall>
+void expectThrow(const TCall& call, const std::string& text)
+{
+    try
+    {
+        call();
+        ADD_FAILURE() << "nothing was thrown";
+    }
+    catch (const TException& e)
+    {
+        EXPECT_EQ(e.what(), text);
+    }
 }
 
 /// What the call throws is the exception of the module with this text, told in its log.
@@ -91,6 +110,9 @@ TEST(RuleMatchAppendChannel, TellsItsFormalText)
     EXPECT_EQ(parts.m_rule->createRuleFormalString(),
               "Append color match between input images InImg1 and InImg2 with output image OutColorImg");
     EXPECT_EQ(parts.m_rule->getRuleType(), processor::eRT_Attribute);
+    const auto rule = boost::dynamic_pointer_cast<processor::BaseAttributeRule>(parts.m_rule);
+    ASSERT_TRUE(rule);
+    EXPECT_EQ(rule->getAttributeRuleType(), processor::eART_Image);
 }
 
 /// Six strings for the nine places of the text for colour spaces.
@@ -99,6 +121,7 @@ TEST(RuleMatchAppendChannel, CannotFinishItsEvaluatedText)
     for (const auto& out : {makeUserImage(4), makeUserImage(5)})
     {
         const Parts parts(makeImage(eCGT_Rgb), makeImage(eCGT_Grey), out);
+        const test::Recording recording(getBaseLogger());
         try
         {
             const std::string text = parts.m_rule->createRuleEvaluatedString(1);
@@ -111,7 +134,31 @@ TEST(RuleMatchAppendChannel, CannotFinishItsEvaluatedText)
             EXPECT_NE(std::string(e.getCause()->what()).find("boost::too_few_args"), std::string::npos) << e.getCause()->what();
             EXPECT_EQ(e.getFile(), "KOVISIPL/KOVISIPLColor/Rule/ColorRuleUtils");
         }
+        ASSERT_EQ(recording.getEvents().size(), 1U);
+        const test::RecordingAppender::Event event = recording.getEvents()[0];
+        EXPECT_EQ(event.m_logger, getBaseLoggerName()); // not the module's, which hands on to it
+        EXPECT_EQ(event.m_level, 40000);
+        EXPECT_EQ(event.m_message, "Exception thrown while processing message");
+        EXPECT_EQ(event.m_file, "KOVISIPL/KOVISIPLColor/Rule/ColorRuleUtils");
     }
+}
+
+/// Attributes that are there, and hold no image: told by the name of the first that is asked.
+TEST(RuleMatchAppendChannel, TellsWhichAttributeHoldsNoImage)
+{
+    const auto rgb = makeImage(eCGT_Rgb);
+    const auto grey = makeImage(eCGT_Grey);
+    const test::ImagePtr none;
+    const auto expectNoImage = [](const Parts& parts, const std::string& name)
+    {
+        const std::string text = "attribute " + name + " holds no image: set it first";
+        expectThrow<KOVISImageProcessingException>([&parts] { parts.m_rule->testRule(); }, text);
+        expectThrow<KOVISImageProcessingException>([&parts] { parts.m_rule->createRuleEvaluatedString(0); }, text);
+        EXPECT_NE(parts.m_rule->createRuleFormalString(), ""); // asks for names alone
+    };
+    expectNoImage(Parts(none, grey, makeUserImage(4)), "InImg1");
+    expectNoImage(Parts(rgb, none, makeUserImage(4)), "InImg2");
+    expectNoImage(Parts(rgb, grey), "OutColorImg");
 }
 
 TEST(RuleMatchAppendChannel, ThrowsWhenTheSecondInputIsGone)
@@ -138,10 +185,19 @@ TEST(RuleMatchAppendChannel, KeepsNoAttributeAlive)
     Parts parts(makeImage(eCGT_Rgb), makeImage(eCGT_Grey), makeUserImage(4));
     EXPECT_EQ(parts.m_in1.use_count(), 1);
     EXPECT_EQ(parts.m_out.use_count(), 1);
+    const auto expectRuleGone = [](const Parts& gone)
+    {
+        expectThrow<processor::KOVISBaseProcessingException>(
+            [&gone] { gone.m_rule->testRule(); },
+            "Attribute weak pointer has expired: a rule is of use only as long as its processor keeps the attributes");
+    };
     parts.m_in1.reset();
-    EXPECT_THROW(parts.m_rule->testRule(), BaseException);
-    parts.m_in1 = boost::make_shared<attr::InImg1>();
-    EXPECT_THROW(parts.m_rule->testRule(), BaseException);
+    expectRuleGone(parts);
+    parts.m_in1 = boost::make_shared<attr::InImg1>(); // another, which the rule does not know
+    expectRuleGone(parts);
+    Parts withoutOutput(makeImage(eCGT_Rgb), makeImage(eCGT_Grey), makeUserImage(4));
+    withoutOutput.m_out.reset();
+    expectRuleGone(withoutOutput);
 }
 
 TEST(AppendColorOutputInitializer, DescribesAUserImageWhateverTheInputsAre)
@@ -173,6 +229,17 @@ TEST(AppendColorOutputInitializer, TakesTheShapeOfTheFirstInput)
     EXPECT_TRUE(parts.m_info->hasInputImage());
     EXPECT_EQ(parts.m_info->getInputImage(), parts.m_in1->getStorage());
     EXPECT_EQ(parts.m_info->getImageInitializerDistributionPolicy(), 0);
+    EXPECT_EQ(parts.m_info->getImageBufferTypeVector(), std::vector<eImageBufferType>(4, eIBT_UInt8_11)); // for all channels
+}
+
+TEST(AppendColorOutputInitializer, TellsWhichAttributeHoldsNoImage)
+{
+    const auto expectNoImage = [](const Parts& parts, const std::string& text)
+    { expectThrow<KOVISImageProcessingException>([&parts] { parts.m_info->getColorGeometry(); }, text); };
+    expectNoImage(Parts(makeImage(eCGT_Rgb), test::ImagePtr()), "attribute InImg2 holds no image: set it first");
+    const Parts parts(test::ImagePtr(), makeImage(eCGT_Grey));
+    EXPECT_FALSE(parts.m_info->hasInputImage());
+    expectNoImage(parts, "input InImg1 holds no image that another could be made after: set it first");
 }
 
 TEST(AppendColorOutputInitializer, ThrowsWhenTheSecondInputIsGone)

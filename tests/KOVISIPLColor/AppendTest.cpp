@@ -143,11 +143,20 @@ TEST(AppendColorChannelImg, DoesEverySliceOfAVolumeInTime)
     expectAppended(*first, *second, *out);
 }
 
+/// Cuts into strips of that many rows for as long as this object lives, whatever ends its scope.
+struct StripHeight
+{
+    explicit StripHeight(unsigned long nbRows) { processor::setStripHeight(nbRows); }
+    ~StripHeight() { processor::setStripHeight(0); }
+    StripHeight(const StripHeight&) = delete;
+    StripHeight& operator=(const StripHeight&) = delete;
+};
+
 TEST(AppendColorChannelImg, WorksAtAnyStripHeightAndSize)
 {
     for (const unsigned long height : {1UL, 3UL, 0UL})
     {
-        processor::setStripHeight(height);
+        const StripHeight cut(height);
         for (const unsigned long sizeX : {1UL, 31UL, 64UL, 65UL})
         {
             for (const unsigned long sizeY : {1UL, 9UL})
@@ -158,7 +167,6 @@ TEST(AppendColorChannelImg, WorksAtAnyStripHeightAndSize)
             }
         }
     }
-    processor::setStripHeight(0);
 }
 
 TEST(AppendColorChannelImg, WritesIntoAGivenResultOfAnySpace)
@@ -215,10 +223,93 @@ TEST(AppendColorChannelImg, RefusesImagesThatDoNotFit)
     refuses(createImage2d(37, 23, eCGT_Grey, eIBT_Real), "uffer type");
     refuses(createImage2d(37, 23, eCGT_Grey, eIBT_UInt8_11), "uffer type");
 
-    const auto result = createImageUser2d(37, 23, 4, eIBT_UInt16);
     const auto grey = makeNoise(eCGT_Grey, eIBT_UInt8, 17);
-    EXPECT_NE(getError([&] { appendColorChannelImg(rgb, grey, result); }).find("OutColorImg"), std::string::npos);
     EXPECT_NE(getError([&] { appendColorChannelImg(rgb, nullptr); }).find("InImg2"), std::string::npos);
+}
+
+/// What level 1 says of these images, and below what level 2 does.
+std::string refuseLvl1(const test::ImagePtr& first, const test::ImagePtr& second, const test::ImagePtr& out)
+{
+    return getError([&] { appendColorChannelImg(first, second, out); });
+}
+
+std::string refuseLvl2(const test::ImagePtr& first, const test::ImagePtr& second, const test::ImagePtr& out)
+{
+    const auto processor = boost::make_shared<AppendColorChannelImgLvl2>();
+    EXPECT_TRUE(processor->init());
+    processor->set<attr::InSubColorImg2d1>(first);
+    processor->set<attr::InSubColorImg2d2>(second);
+    processor->set<attr::OutColorImg>(out);
+    return getError([&] { processor::executeSyncRun(processor); });
+}
+
+const std::string g_noWords = "Exception thrown while processing message";
+
+/// The rule of level 1, or else level 2, over images of 37 x 23 pixels: its parts, and that the first that fails is told.
+class AppendRefusal : public testing::TestWithParam<bool>
+{
+protected:
+    /// What the level says of this output.
+    std::string refuse(const HomogeneousImageGeometry& geometry) const { return refuse(m_grey, geometry); }
+    std::string refuse(const test::ImagePtr& second, const HomogeneousImageGeometry& geometry) const
+    {
+        const test::ImagePtr out = makeNoise(geometry, 30);
+        const std::string before = getBytes(*out);
+        const std::string text = GetParam() ? refuseLvl1(m_rgb, second, out) : refuseLvl2(m_rgb, second, out);
+        EXPECT_EQ(getBytes(*out), before); // nothing is written
+        return text;
+    }
+
+    /// The text is that of the part of the rule that compares the first input with this attribute.
+    void expectPart(const std::string& text, const std::string& part, const std::string& attribute) const
+    {
+        EXPECT_NE(text.find(part + " match between input image " + (GetParam() ? "InImg1" : "InSubColorImg2d1") + " ["),
+                  std::string::npos)
+            << text;
+        EXPECT_NE(text.find(" " + attribute + " ["), std::string::npos) << text;
+    }
+    std::string getSecondName() const { return GetParam() ? "InImg2" : "InSubColorImg2d2"; }
+
+    const test::ImagePtr m_rgb = makeNoise(eCGT_Rgb, eIBT_UInt8, 31);
+    const test::ImagePtr m_grey = makeNoise(eCGT_Grey, eIBT_UInt8, 32);
+};
+INSTANTIATE_TEST_SUITE_P(Level, AppendRefusal, testing::Values(true, false),
+                         [](const auto& place) { return std::string(place.param ? "Lvl1" : "Lvl2"); });
+
+TEST_P(AppendRefusal, TellsOfAnOutputOfAnotherSize)
+{
+    for (const auto& geometry :
+         {test::makeUserGeometry(38, 23, 4, eIBT_UInt8), test::makeUserGeometry(37, 22, 4, eIBT_UInt8),
+          test::makeUserGeometry(37, 23, 4, eIBT_UInt8, 2, 1), test::makeUserGeometry(37, 23, 4, eIBT_UInt8, 1, 2)})
+    {
+        expectPart(refuse(geometry), "size", "OutColorImg");
+    }
+}
+
+TEST_P(AppendRefusal, TellsOfInputsAndOutputsOfAnotherBufferType)
+{
+    expectPart(refuse(test::makeUserGeometry(37, 23, 4, eIBT_UInt16)), "buffer type", "OutColorImg");
+    expectPart(refuse(test::makeUserGeometry(37, 23, 4, eIBT_UInt8_11)), "buffer type", "OutColorImg");
+    expectPart(refuse(makeNoise(eCGT_Grey, eIBT_Int8, 33), test::makeUserGeometry(37, 23, 4, eIBT_UInt8)), "buffer type",
+               getSecondName());
+}
+
+TEST_P(AppendRefusal, HasNoWordsForChannels)
+{
+    EXPECT_EQ(refuse(test::makeUserGeometry(37, 23, 3, eIBT_UInt8)), g_noWords);
+    EXPECT_EQ(refuse(test::makeUserGeometry(37, 23, 5, eIBT_UInt8)), g_noWords);
+}
+
+TEST_P(AppendRefusal, TellsOfTheFirstPartThatFails)
+{
+    // both sizes: that of the inputs; then size before channels, channels before types, the inputs' types before the output's
+    const test::ImagePtr small = makeNoise(test::makeColorGeometry(36, 23, eCGT_Grey, eIBT_UInt8), 34);
+    expectPart(refuse(small, test::makeUserGeometry(38, 23, 4, eIBT_UInt8)), "size", getSecondName());
+    expectPart(refuse(test::makeUserGeometry(38, 23, 5, eIBT_UInt8)), "size", "OutColorImg");
+    const test::ImagePtr real = makeNoise(eCGT_Grey, eIBT_Real, 35);
+    EXPECT_EQ(refuse(test::makeUserGeometry(37, 23, 5, eIBT_UInt16)), g_noWords);
+    EXPECT_EQ(refuse(real, test::makeUserGeometry(37, 23, 5, eIBT_UInt8)), g_noWords);
+    expectPart(refuse(real, test::makeUserGeometry(37, 23, 4, eIBT_UInt16)), "buffer type", getSecondName());
 }
 
 /// The refusal of channels cannot be put into words: its text is never finished.
@@ -237,7 +328,7 @@ TEST(AppendColorChannelImg, FailsWithoutWordsWhereChannelsDoNotAddUp)
         }
         catch (const BaseException& e)
         {
-            EXPECT_STREQ(e.what(), "Exception thrown while processing message");
+            EXPECT_EQ(e.what(), g_noWords);
             ASSERT_TRUE(e.getCause());
             EXPECT_NE(std::string(e.getCause()->what()).find("boost::too_few_args"), std::string::npos) << e.getCause()->what();
         }
@@ -246,7 +337,7 @@ TEST(AppendColorChannelImg, FailsWithoutWordsWhereChannelsDoNotAddUp)
         const auto processor = appendColorChannelImg_async(rgb, grey, result);
         EXPECT_FALSE(processor->wait());
         EXPECT_EQ(processor->getState(), core::eActionState::failed);
-        EXPECT_EQ(getError([&processor] { processor->getRunResult(); }), "Exception thrown while processing message");
+        EXPECT_EQ(getError([&processor] { processor->getRunResult(); }), g_noWords);
     }
 }
 

@@ -23,6 +23,17 @@ inline image::HomogeneousImageGeometry makeColorGeometry(unsigned long sizeX, un
     return geometry;
 }
 
+inline image::HomogeneousImageGeometry makeUserGeometry(unsigned long sizeX, unsigned long sizeY, unsigned long nbChannels,
+                                                        image::eImageBufferType bufferType, unsigned long sizeZ = 1,
+                                                        unsigned long sizeT = 1)
+{
+    image::ColorGeometry color;
+    color.initUser(nbChannels);
+    image::HomogeneousImageGeometry geometry;
+    geometry.init(image::VolumeGeometry(sizeZ), color, image::TemporalGeometry(sizeT), sizeX, sizeY, bufferType);
+    return geometry;
+}
+
 /// An image whose plane c holds value + c at Z and T 0.
 template <class T>
 ImagePtr makeFilledImage(unsigned long sizeX, unsigned long sizeY, image::eColorGeometryType type, T value)
