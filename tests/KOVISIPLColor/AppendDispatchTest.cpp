@@ -1,6 +1,7 @@
 #include "ColorTestImages.h"
-#include "SplitNames.h"
+#include "OpenStep.h"
 
+#include "KOVIS/KOVISImage/CudaImage.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl1.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl2.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl3.h"
@@ -16,35 +17,19 @@ namespace
 {
 using namespace image;
 using test::getSplitNames;
-
-/// A level with its step at hand.
-template <class T>
-class Step : public T
-{
-public:
-    using T::retrieveProvider;
-};
-
-template <class TAttribute>
-auto getStorage(const processor::BaseProcessor& processor, const std::string& name)
-{
-    return boost::static_pointer_cast<const TAttribute>(processor.getAttribute(name))->getStorage();
-}
+using test::getStorage;
+using test::Step;
 
 TEST(AppendColorChannelImgLvl1, CutsViewsOfUserGeometryIntoSlices)
 {
     auto first = createImage(test::makeColorGeometry(5, 4, eCGT_Rgb, eIBT_UInt8, 3, 2));
     planeData<unsigned char>(first, 2, 1, 1)[19] = 77;
     const unsigned char* const address = planeData<unsigned char>(first, 2, 1, 1);
-    ColorGeometry four;
-    four.initUser(4);
-    HomogeneousImageGeometry outGeometry;
-    outGeometry.init(VolumeGeometry(3), four, TemporalGeometry(2), 5, 4, eIBT_UInt8);
     const auto step = boost::make_shared<Step<AppendColorChannelImgLvl1>>();
     ASSERT_TRUE(step->init());
     step->set<attr::InImg1>(first);
     step->set<attr::InImg2>(createImage(test::makeColorGeometry(5, 4, eCGT_Grey, eIBT_UInt8, 3, 2)));
-    step->set<attr::OutColorImg>(createImage(outGeometry));
+    step->set<attr::OutColorImg>(createImage(test::makeUserGeometry(5, 4, 4, eIBT_UInt8, 3, 2)));
     EXPECT_TRUE(step->getRule()->testRule());
 
     const core::BasePriority priority(7);
@@ -82,31 +67,83 @@ TEST(AppendColorChannelImgLvl1, CutsViewsOfUserGeometryIntoSlices)
     }
 }
 
+/// Level 1 over an RGB and a grey image that no rule looks at, as a set during the run may bring or take them.
+struct UncheckedLvl1
+{
+    UncheckedLvl1()
+    {
+        EXPECT_TRUE(m_step->init(processor::ePRP_NoRules));
+        m_step->set<attr::InImg1>(createImage2d(5, 4, eCGT_Rgb, eIBT_UInt8));
+        m_step->set<attr::InImg2>(createImage2d(5, 4, eCGT_Grey, eIBT_UInt8));
+        m_step->set<attr::OutColorImg>(createImageUser2d(5, 4, 4, eIBT_UInt8));
+    }
+
+    /// The step fails with this text, and gives nothing.
+    void expectFailed(const std::string& text)
+    {
+        core::ActionProviderPtr provider;
+        const auto result = m_step->retrieveProvider(core::BasePriority(), provider);
+        EXPECT_EQ(result.getStatus(), processor::eRS_Failed);
+        EXPECT_EQ(result.getMessage(), text);
+        EXPECT_FALSE(provider);
+    }
+
+    boost::shared_ptr<Step<AppendColorChannelImgLvl1>> m_step = boost::make_shared<Step<AppendColorChannelImgLvl1>>();
+};
+
 TEST(AppendColorChannelImgLvl1, TellsOfAnImageThatIsTakenAwayDuringTheRun)
 {
-    const auto step = boost::make_shared<Step<AppendColorChannelImgLvl1>>();
-    ASSERT_TRUE(step->init());
-    step->set<attr::InImg1>(createImage2d(5, 4, eCGT_Rgb, eIBT_UInt8));
-    step->set<attr::OutColorImg>(createImageUser2d(5, 4, 4, eIBT_UInt8));
-    core::ActionProviderPtr provider;
-    const auto result = step->retrieveProvider(core::BasePriority(), provider);
-    EXPECT_EQ(result.getStatus(), processor::eRS_Failed);
-    EXPECT_FALSE(result.getMessage().empty());
-    EXPECT_FALSE(provider);
+    const auto tellNull = [](const std::string& name)
+    { return "the split of attribute " + name + " was given a null pointer: give it an image"; };
+    UncheckedLvl1 withoutFirst;
+    withoutFirst.m_step->set<attr::InImg1>(attr::InImg1::StorageType());
+    withoutFirst.expectFailed(tellNull("InSubColorImg2d1"));
+    UncheckedLvl1 withoutSecond;
+    withoutSecond.m_step->set<attr::InImg2>(attr::InImg2::StorageType());
+    withoutSecond.expectFailed(tellNull("InSubColorImg2d2"));
+    UncheckedLvl1 withoutOutput;
+    withoutOutput.m_step->set<attr::OutColorImg>(attr::OutColorImg::StorageType());
+    withoutOutput.expectFailed(tellNull("OutColorImg"));
+}
+
+/// An input that cannot be shown in another space: the words are those of the view, and not of the split after it.
+TEST(AppendColorChannelImgLvl1, TellsWhyAnInputCannotBeSeenByItsChannels)
+{
+    unsigned char memory[20] = {};
+    const auto makeGpuImage = [&memory](unsigned long nbChannels)
+    {
+        // nothing reads these planes
+        return boost::make_shared<CudaImage>(test::makeUserGeometry(5, 4, nbChannels, eIBT_UInt8),
+                                             std::vector<void*>(nbChannels, memory), boost::shared_ptr<const void>());
+    };
+    const auto tell = [](const std::string& channels)
+    {
+        return "The planes of the image (5 x 4, " + channels +
+               ", u8) lie in the memory of a GPU and cannot be used here: give an image in host memory";
+    };
+    UncheckedLvl1 first;
+    first.m_step->set<attr::InImg1>(makeGpuImage(3));
+    first.expectFailed(tell("3 channels"));
+    UncheckedLvl1 second;
+    second.m_step->set<attr::InImg2>(makeGpuImage(1));
+    second.expectFailed(tell("1 channel"));
+    UncheckedLvl1 both;
+    both.m_step->set<attr::InImg1>(makeGpuImage(2));
+    both.m_step->set<attr::InImg2>(makeGpuImage(1));
+    both.expectFailed(tell("2 channels"));
 }
 
 TEST(AppendColorChannelImgLvl1, RefusesSplitsOfUnequalNumbers)
 {
-    // as no rule lets them pass: the dispatcher's own refusal
-    const auto step = boost::make_shared<Step<AppendColorChannelImgLvl1>>();
-    ASSERT_TRUE(step->init(processor::ePRP_NoRules));
-    step->set<attr::InImg1>(createImage(test::makeColorGeometry(5, 4, eCGT_Rgb, eIBT_UInt8, 3, 2)));
-    step->set<attr::InImg2>(createImage2d(5, 4, eCGT_Rgb, eIBT_UInt8));
-    step->set<attr::OutColorImg>(createImageUser2d(5, 4, 6, eIBT_UInt8));
-    core::ActionProviderPtr provider;
-    const auto result = step->retrieveProvider(core::BasePriority(), provider);
-    EXPECT_EQ(result.getStatus(), processor::eRS_Failed);
-    EXPECT_NE(result.getMessage().find("InSubColorImg2d1"), std::string::npos) << result.getMessage();
+    // the dispatcher's own refusal
+    UncheckedLvl1 inputs;
+    inputs.m_step->set<attr::InImg1>(createImage(test::makeColorGeometry(5, 4, eCGT_Rgb, eIBT_UInt8, 3, 2)));
+    inputs.expectFailed("the splits for processor AppendColorChannelImgLvl2 do not fit each other: attribute InSubColorImg2d1 is "
+                        "cut into 6 pieces, attribute InSubColorImg2d2 into 1");
+    UncheckedLvl1 output;
+    output.m_step->set<attr::OutColorImg>(createImage(test::makeUserGeometry(5, 4, 4, eIBT_UInt8, 1, 2)));
+    output.expectFailed("the splits for processor AppendColorChannelImgLvl2 do not fit each other: attribute InSubColorImg2d1 is "
+                        "cut into 1 pieces, attribute OutColorImg into 2");
 }
 
 TEST(AppendColorChannelImgLvl2, CutsItsImagesIntoStripsOfAllChannels)
@@ -118,12 +155,7 @@ TEST(AppendColorChannelImgLvl2, CutsItsImagesIntoStripsOfAllChannels)
     step->set<attr::OutColorImg>(createImageUser2d(50, 40, 4, eIBT_Int16));
     EXPECT_TRUE(step->getRule()->testRule());
 
-    processor::setStripHeight(16);
-    core::ActionProviderPtr provider;
-    const auto result = step->retrieveProvider(core::BasePriority(7), provider);
-    processor::setStripHeight(0);
-    ASSERT_EQ(result.getStatus(), processor::eRS_Provided) << result.getMessage();
-    const auto dispatcher = boost::dynamic_pointer_cast<processor::BaseDynamicProcessorDispatcher>(provider);
+    const auto dispatcher = test::cutIntoStrips(*step, core::BasePriority(7));
     ASSERT_TRUE(dispatcher);
     EXPECT_EQ(dispatcher->getProcessorName(), "AppendColorChannelImgLvl3");
     EXPECT_EQ(getSplitNames(*dispatcher), (std::vector<std::string>{"InColorYStrip2d1", "InColorYStrip2", "OutColorYStrip2d"}));

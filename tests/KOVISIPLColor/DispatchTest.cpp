@@ -1,5 +1,5 @@
 #include "ColorTestImages.h"
-#include "SplitNames.h"
+#include "OpenStep.h"
 
 #include "KOVIS/KOVISBaseProcessing/BaseProcessorDispatcher.h"
 #include "KOVIS/KOVISBaseProcessing/NoSplit.h"
@@ -24,18 +24,11 @@ public:
     using ColorConvertImgLvl1::retrieveFirstProvider;
 };
 
-/// Level 2 with its step at hand.
-class Step : public ColorConvertImgLvl2
-{
-public:
-    using ColorConvertImgLvl2::retrieveProvider;
-};
-
 TEST(ColorConvertImgLvl2, CutsItsImagesIntoStripsOfAllChannels)
 {
     const auto in = test::makeFilledImage<unsigned char>(50, 40, eCGT_Rgb, 5);
     const auto out = createImage2d(50, 40, eCGT_HSV, eIBT_Real);
-    const auto step = boost::make_shared<Step>();
+    const auto step = boost::make_shared<test::Step<ColorConvertImgLvl2>>();
     ASSERT_TRUE(step->init());
     const boost::shared_ptr<const attr::ColorConversionTransform> transform = attr::createColorConversionTransform(eCGT_HSV);
     step->set<attr::InSubColorImg2d>(in);
@@ -43,19 +36,15 @@ TEST(ColorConvertImgLvl2, CutsItsImagesIntoStripsOfAllChannels)
     step->set<attr::OutSubColorImg2d>(out);
     EXPECT_TRUE(step->getRule()->testRule());
 
-    processor::setStripHeight(16);
     core::ActionProviderPtr provider;
     // both overloads are there: the framework's with the number of the step, and the class's own
     const auto byFramework = step->retrieveProvider(core::BasePriority(), 0, 1, provider);
     ASSERT_EQ(byFramework.getStatus(), processor::eRS_Provided) << byFramework.getMessage();
     const core::BasePriority priority(7);
-    const auto result = step->retrieveProvider(priority, provider);
-    ASSERT_EQ(result.getStatus(), processor::eRS_Provided) << result.getMessage();
-    const auto dispatcher = boost::dynamic_pointer_cast<processor::BaseDynamicProcessorDispatcher>(provider);
+    const auto dispatcher = test::cutIntoStrips(*step, priority);
     ASSERT_TRUE(dispatcher);
     EXPECT_EQ(dispatcher->getProcessorName(), "ColorConvertImgLvl3");
     EXPECT_EQ(dispatcher->getProcessorToolTip(), ColorConvertImgLvl3::getToolTipStr());
-    processor::setStripHeight(0);
 
     EXPECT_EQ(dispatcher->getNbPieces(), 3U); // 40 rows by 16
     EXPECT_EQ(test::getSplitNames(*dispatcher),
@@ -65,12 +54,7 @@ TEST(ColorConvertImgLvl2, CutsItsImagesIntoStripsOfAllChannels)
     unsigned long nbPieces = 0;
     while (dispatcher->hasPendingAction())
     {
-        boost::shared_ptr<core::BaseActionRequest> request;
-        boost::shared_ptr<BaseSerializationObject> data;
-        bool bGiven = false;
-        ASSERT_TRUE(dispatcher->queryNextAction(core::BaseRequestOrigin(), request, bGiven, data));
-        ASSERT_TRUE(bGiven);
-        const auto piece = boost::dynamic_pointer_cast<ColorConvertImgLvl3>(request->getAction());
+        const auto piece = test::takePiece<ColorConvertImgLvl3>(*dispatcher);
         ASSERT_TRUE(piece);
         ++nbPieces;
         EXPECT_EQ(piece->getActionPriority(), priority);
@@ -111,12 +95,7 @@ TEST(ColorConvertImgLvl1, CutsItsImagesIntoSlicesOfAllChannels)
     ASSERT_EQ(dispatcher->getNbPieces(), 6U);
     for (int i = 0; i < 6; ++i)
     {
-        boost::shared_ptr<core::BaseActionRequest> request;
-        boost::shared_ptr<BaseSerializationObject> data;
-        bool bGiven = false;
-        ASSERT_TRUE(dispatcher->queryNextAction(core::BaseRequestOrigin(), request, bGiven, data));
-        ASSERT_TRUE(bGiven);
-        const auto piece = boost::dynamic_pointer_cast<ColorConvertImgLvl2>(request->getAction());
+        const auto piece = test::takePiece<ColorConvertImgLvl2>(*dispatcher);
         ASSERT_TRUE(piece);
         EXPECT_EQ(piece->getActionPriority(), priority);
         const BaseImage& slice =

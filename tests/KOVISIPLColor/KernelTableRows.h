@@ -3,6 +3,7 @@
 #include "KOVIS/KOVISBaseProcessing/AlgorithmFunctionSelector.h"
 #include "KOVIS/KOVISCore/isAvailable.h"
 #include "KOVIS/KOVISImageProcessing/ImageBufferTypeIdentifier.h"
+#include "support/ModelForm.h"
 
 #include <gtest/gtest.h>
 
@@ -33,6 +34,17 @@ inline processor::InstructionSetsIdentifier makeSets(Domain first, Domain second
     processor::InstructionSetsIdentifier sets;
     sets.init(first, second);
     return sets;
+}
+
+/// The form of the kernel that stands in a row of those sets.
+inline const ModelForm& formOf(const processor::InstructionSetsIdentifier& sets)
+{
+    return sets.contains(Domain::eIS_AVX512) ? g_avx512Form
+           : sets.contains(Domain::eIS_FMA3) ? g_fma3Form
+           : sets.contains(Domain::eIS_AVX2) ? g_avx2Form
+           : sets.contains(Domain::eIS_AVX)  ? g_avxForm
+           : sets.contains(Domain::eIS_SSE2) ? g_sse2Form
+                                             : g_genericForm;
 }
 
 inline processor::DataTypeIdentifierColl makeKey(const Key& types)
@@ -106,6 +118,17 @@ inline void expectRowsInLoadOrder(const processor::AlgorithmFunctionSelector& se
     EXPECT_EQ(row, rows.size());
 }
 
+/// Whether this processor has what the form needs. The compiler's own look at it: a set that the platform hides by mistake is no
+/// reason to skip.
+inline bool hasForm(const std::string& form)
+{
+    __builtin_cpu_init();
+    return (form != "avx" || __builtin_cpu_supports("avx") != 0) && (form != "avx2" || __builtin_cpu_supports("avx2") != 0) &&
+           (form != "fma3" || (__builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("fma") != 0)) &&
+           (form != "avx512" || (__builtin_cpu_supports("avx512f") != 0 && __builtin_cpu_supports("avx512bw") != 0 &&
+                                 __builtin_cpu_supports("avx512dq") != 0 && __builtin_cpu_supports("avx512vl") != 0));
+}
+
 /// The number of rows that KOVIS_EXPECTED_ROWS tells. The set that KOVIS_MAX_INSTRUCTION_SET leaves is given beside it, so that a
 /// computer without it is told apart from a table that lacks rows.
 inline void expectNumberOfRows(const processor::AlgorithmFunctionSelector& selector)
@@ -118,14 +141,7 @@ inline void expectNumberOfRows(const processor::AlgorithmFunctionSelector& selec
     const char* const name = std::getenv("KOVIS_EXPECTED_FORM");
     ASSERT_NE(name, nullptr) << "KOVIS_EXPECTED_ROWS needs KOVIS_EXPECTED_FORM";
     const std::string form = name;
-    // the compiler's own look at the processor: a set that the platform hides by mistake is no reason to skip
-    __builtin_cpu_init();
-    const bool bHere = (form != "avx" || __builtin_cpu_supports("avx") != 0) &&
-                       (form != "avx2" || __builtin_cpu_supports("avx2") != 0) &&
-                       (form != "fma3" || (__builtin_cpu_supports("avx2") != 0 && __builtin_cpu_supports("fma") != 0)) &&
-                       (form != "avx512" || (__builtin_cpu_supports("avx512f") != 0 && __builtin_cpu_supports("avx512bw") != 0 &&
-                                             __builtin_cpu_supports("avx512dq") != 0 && __builtin_cpu_supports("avx512vl") != 0));
-    if (!bHere)
+    if (!hasForm(form))
     {
         GTEST_SKIP() << "this computer has no " << form;
     }

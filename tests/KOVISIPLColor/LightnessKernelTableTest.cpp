@@ -63,6 +63,14 @@ TEST(LightnessKernelTable, PicksTheStrongestRow)
             }
         }
         EXPECT_EQ(row.getInstructionSets(), makeSets(best, best)) << type;
+        // ... and that of the run, where it is told: FMA3 adds nothing, AVX nothing but floats
+        const char* const name = std::getenv("KOVIS_EXPECTED_FORM");
+        if (name != nullptr && test::hasForm(name))
+        {
+            const std::string form = name;
+            const std::string expected = form == "fma3" ? "avx2" : form == "avx" && type != 7 ? "sse2" : form;
+            EXPECT_EQ(test::formOf(row.getInstructionSets()).m_name, expected) << type;
+        }
     }
     EXPECT_FALSE(selector.select(makeKey({0}), {}, row));
     EXPECT_FALSE(selector.select(makeKey({12}), {}, row));

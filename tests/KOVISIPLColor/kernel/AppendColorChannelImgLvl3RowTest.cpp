@@ -1,4 +1,5 @@
 #include "KOVIS/KOVISImage/ImageFactory.h"
+#include "KOVIS/KOVISImageProcessing/KOVISImageProcessingLog.h"
 #include "KOVIS/KOVISImageProcessing/RawStripParser.h"
 #include "KOVISIPL/KOVISIPLColor/KOVISIPLColorLog.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl3.h"
@@ -29,15 +30,6 @@ using processor::AlgorithmFunctionIdentifier;
 
 constexpr unsigned long g_sizeX = 128;
 constexpr unsigned char g_untouched = 0x5A;
-
-const ModelForm& formOf(const processor::InstructionSetsIdentifier& sets)
-{
-    return sets.contains(eInstructionSet::eIS_AVX512) ? g_avx512Form
-           : sets.contains(eInstructionSet::eIS_AVX2) ? g_avx2Form
-           : sets.contains(eInstructionSet::eIS_AVX)  ? g_avxForm
-           : sets.contains(eInstructionSet::eIS_SSE2) ? g_sse2Form
-                                                      : g_genericForm;
-}
 
 /// What a test needs of an element type, without the type.
 struct TypeAccess
@@ -107,6 +99,7 @@ public:
         set<imaproc::attr::InColorYStrip2>(makeInputStrip(in2, 0, 1));
         set<imaproc::attr::OutColorYStrip2d>(makeOutputStrip(out, 0, 1));
     }
+    void unbind() { clearDataParserColl(); }
 };
 
 /// Two inputs of 2 and 1 channels and an output, of the types of a row.
@@ -221,6 +214,89 @@ TEST(AppendColorChannelImgLvl3Rows, EachRunsItsFormOnItsTypes)
     EXPECT_EQ(nbOfForm["avx"], canRun(g_avxForm) ? 1 : 0);
     EXPECT_EQ(nbOfForm["avx2"], canRun(g_avx2Form) ? 1331 : 0);
     EXPECT_EQ(nbOfForm["avx512"], canRun(g_avx512Form) ? 1331 : 0);
+}
+
+/// A plane is finished before the next one begins, and the first input before the second. It shows where an input's plane lies
+/// in the output: as far along as a block is long, so that a kernel which does all planes of a block at once reads what was.
+TEST(AppendColorChannelImgLvl3Rows, FinishesEachPlaneAndEachInputBeforeTheNext)
+{
+    int nbForms = 0;
+    for (const AlgorithmFunctionIdentifier& row : AppendColorChannelImgLvl3::accessFunctionSelector().getFunctions())
+    {
+        if (row.getDataTypes() != makeKey({7, 7, 7}))
+        {
+            continue;
+        }
+        SCOPED_TRACE(row.getInstructionSets().getName());
+        ++nbForms;
+        constexpr unsigned long room = 64;
+        std::vector<float> memory(4 * (g_sizeX + room));
+        for (unsigned long i = 0; i < memory.size(); ++i)
+        {
+            memory[i] = static_cast<float>(i);
+        }
+        std::vector<float> expected = memory;
+        const auto plane = [](std::vector<float>& of, unsigned long k) { return of.data() + k * (g_sizeX + room); };
+        const auto wrap = [](std::vector<float*> planes)
+        {
+            ColorGeometry color;
+            color.initUser(planes.size());
+            HomogeneousImageGeometry geometry;
+            geometry.init(VolumeGeometry(), color, TemporalGeometry(), g_sizeX, 1, eIBT_Real);
+            return wrapImage(geometry, std::vector<void*>(planes.begin(), planes.end()), boost::shared_ptr<const void>(), room);
+        };
+        // the output's planes are 0, 1 and 2; plane 3 is the first input's own
+        OpenLvl3 lvl3(wrap({plane(memory, 3), plane(memory, 0) + room}), wrap({plane(memory, 0)}),
+                      wrap({plane(memory, 0), plane(memory, 1), plane(memory, 2)}));
+        lvl3.bind();
+        ASSERT_TRUE(lvl3.call(row, g_sizeX));
+        const std::pair<float*, float*> copies[] = {{plane(expected, 3), plane(expected, 0)},
+                                                    {plane(expected, 0) + room, plane(expected, 1)},
+                                                    {plane(expected, 0), plane(expected, 2)}};
+        for (const auto& [from, to] : copies)
+        {
+            std::memcpy(to, from, g_sizeX * sizeof(float));
+        }
+        EXPECT_EQ(memory, expected);
+        EXPECT_EQ(plane(memory, 2)[5], static_cast<float>(3 * (g_sizeX + room) + 5)); // what the first input brought
+    }
+    EXPECT_EQ(nbForms, 2 + (canRun(g_avxForm) ? 1 : 0) + (canRun(g_avx2Form) ? 1 : 0) + (canRun(g_avx512Form) ? 1 : 0));
+}
+
+TEST(AppendColorChannelImgLvl3, BindsAndReleasesItsParsers)
+{
+    OpenAlgorithm<AppendColorChannelImgLvl3> fresh; // has no attributes yet
+    fresh.bind();
+    EXPECT_TRUE(fresh.getParsers().empty());
+
+    OpenLvl3 lvl3(createImageUser2d(g_sizeX, 1, 2, eIBT_Real), createImageUser2d(g_sizeX, 1, 1, eIBT_Real),
+                  createImageUser2d(g_sizeX, 1, 3, eIBT_Real));
+    lvl3.bind();
+    const auto former = lvl3.getParsers();
+    lvl3.bind();
+    const auto parsers = lvl3.getParsers();
+    ASSERT_EQ(parsers.size(), 3U); // and not six
+    for (std::size_t k = 0; k < 3; ++k)
+    {
+        EXPECT_NE(parsers[k], former[k]);
+    }
+    AlgorithmFunctionIdentifier row;
+    ASSERT_TRUE(AppendColorChannelImgLvl3::retrieveFunctionSelector().select(makeKey({7, 7, 7}), {}, row));
+    ASSERT_TRUE(lvl3.call(row, 1));
+
+    lvl3.unbind();
+    using Input = imaproc::RawYStripUserColor2dParser<float, imaproc::BaseInputYStripColor2dAttribute>;
+    using Output = imaproc::RawYStripUserColor2dParser<float, imaproc::BaseOutputYStripColor2dAttribute>;
+    for (std::size_t k = 0; k < 2; ++k)
+    {
+        EXPECT_THROW(boost::dynamic_pointer_cast<Input>(parsers[k])->accessBuffer(0), imaproc::KOVISImageProcessingException);
+    }
+    EXPECT_THROW(boost::dynamic_pointer_cast<Output>(parsers[2])->accessBuffer(0), imaproc::KOVISImageProcessingException);
+    EXPECT_THROW(lvl3.call(row, 1), KOVISIPLColorException);
+    for (const auto& parser : parsers)
+    {
+        EXPECT_EQ(parser.use_count(), 2); // this test's, and the collection that it was added to
+    }
 }
 
 TEST(AppendColorChannelImgLvl3, GivesItsParsersInTheOrderOfItsAttributes)

@@ -1,6 +1,7 @@
 #include "KOVIS/KOVISImage/ImageFactory.h"
 #include "KOVISIPL/KOVISIPLColor/KOVISIPLColorLog.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3.h"
+#include "KOVISIPLColor/KernelTableRows.h"
 #include "KOVISIPLColor/kernel/KernelGrid.h"
 #include "KOVISIPLColor/kernel/KernelSamples.h"
 #include "KOVISIPLColor/kernel/OpenAlgorithm.h"
@@ -29,23 +30,6 @@ constexpr int g_typeOrder[] = {1, 2, 3, 4, 5, 6, 7, 8, 11, 9, 10};
 constexpr unsigned long g_sizeX = 64;
 /// No multiple of any block, so that the reach of a call tells the form's block.
 constexpr unsigned long g_nbPixels = 40;
-
-const ModelForm& formOf(const processor::InstructionSetsIdentifier& sets)
-{
-    if (sets.contains(eInstructionSet::eIS_FMA3))
-    {
-        return g_fma3Form;
-    }
-    if (sets.contains(eInstructionSet::eIS_AVX2))
-    {
-        return g_avx2Form;
-    }
-    if (sets.contains(eInstructionSet::eIS_AVX))
-    {
-        return g_avxForm;
-    }
-    return sets.contains(eInstructionSet::eIS_SSE2) ? g_sse2Form : g_genericForm;
-}
 
 class OpenLvl3 : public OpenAlgorithm<ColorConvertImgLvl3>
 {

@@ -2,9 +2,9 @@
 #include "KOVISIPLColor/kernel/KernelGrid.h"
 #include "KOVISIPLColor/kernel/KernelSamples.h"
 #include "support/LightnessModel.h"
+#include "support/PixelModel.h"
 
 #include <bit>
-#include <cmath>
 #include <vector>
 
 namespace kovis::test
@@ -16,20 +16,6 @@ using imaproc::color::kernel::lightness;
 constexpr int g_average = 0;
 constexpr int g_midRange = 1;
 constexpr int g_luminosity = 2;
-
-/// Equal to the bit; a NaN is a NaN.
-template <class T>
-bool sameResult(T a, T b)
-{
-    if constexpr (std::is_same_v<T, float>)
-    {
-        return (std::isnan(a) && std::isnan(b)) || std::bit_cast<unsigned int>(a) == std::bit_cast<unsigned int>(b);
-    }
-    else
-    {
-        return a == b;
-    }
-}
 
 template <class T>
 std::vector<T> pixelOf(PlaneSet<T>& planes, unsigned long i)
@@ -73,7 +59,7 @@ struct LightnessCheck
         for (unsigned long i = 0; i < reach; ++i)
         {
             const Tin expected = modelLightness(form, formula, pixelOf(in, i));
-            ASSERT_TRUE(sameResult(out[0][i], expected))
+            ASSERT_TRUE(sameValue(out[0][i], expected))
                 << "formula " << formula << ", " << nbChannels << " channels, count " << count << ", pixel " << i << ": "
                 << +out[0][i] << " for " << +expected;
         }
@@ -104,7 +90,7 @@ struct LightnessReachCheck
             {
                 const bool bWritten = i >= 3 && i < 3 + reach;
                 const Tin expected = bWritten ? modelLightness<Tin>(form, g_average, {in[0][i - 3], in[1][i - 3]}) : untouched;
-                ASSERT_TRUE(sameResult(out[i], expected)) << "count " << count << ", element " << i;
+                ASSERT_TRUE(sameValue(out[i], expected)) << "count " << count << ", element " << i;
             }
         }
     }
@@ -148,7 +134,7 @@ T lightnessOf(int formula, const std::vector<T>& channels)
     lightness<Register, T>(formula, channels.size(), 64, in.data(), out.data());
     for (const T& lane : out)
     {
-        EXPECT_TRUE(sameResult(lane, out[0])) << "lanes differ";
+        EXPECT_TRUE(sameValue(lane, out[0])) << "lanes differ";
     }
     return out[0];
 }
@@ -158,22 +144,22 @@ template <class T>
 void expectForms(int formula, const std::vector<T>& channels, T expected, T avx512)
 {
     const auto pixel = [&] { return testing::PrintToString(channels) + " by formula " + std::to_string(formula); };
-    EXPECT_TRUE(sameResult(lightnessOf<simd::generic::Register>(formula, channels), expected)) << "generic, " << pixel();
-    EXPECT_TRUE(sameResult(lightnessOf<simd::sse2::Register>(formula, channels), expected)) << "SSE2, " << pixel();
+    EXPECT_TRUE(sameValue(lightnessOf<simd::generic::Register>(formula, channels), expected)) << "generic, " << pixel();
+    EXPECT_TRUE(sameValue(lightnessOf<simd::sse2::Register>(formula, channels), expected)) << "SSE2, " << pixel();
     if constexpr (std::is_same_v<T, float>)
     {
         if (canRun(g_avxForm))
         {
-            EXPECT_TRUE(sameResult(lightnessOf<simd::avx::Register>(formula, channels), expected)) << "AVX, " << pixel();
+            EXPECT_TRUE(sameValue(lightnessOf<simd::avx::Register>(formula, channels), expected)) << "AVX, " << pixel();
         }
     }
     if (canRun(g_avx2Form))
     {
-        EXPECT_TRUE(sameResult(lightnessOf<simd::avx2::Register>(formula, channels), expected)) << "AVX2, " << pixel();
+        EXPECT_TRUE(sameValue(lightnessOf<simd::avx2::Register>(formula, channels), expected)) << "AVX2, " << pixel();
     }
     if (canRun(g_avx512Form))
     {
-        EXPECT_TRUE(sameResult(lightnessOf<simd::avx512::Register>(formula, channels), avx512)) << "AVX512, " << pixel();
+        EXPECT_TRUE(sameValue(lightnessOf<simd::avx512::Register>(formula, channels), avx512)) << "AVX512, " << pixel();
     }
 }
 
@@ -291,7 +277,8 @@ TEST(Lightness, FusesProductsOfTheLuminosityInAvx512)
     }
     // Worked out by hand from the weights' bits, with one rounding less each.
     expectForms<U8>(g_luminosity, {143, 85, 161}, 103, 102);
-    expectForms<S8>(g_luminosity, {15, 85, 33}, static_cast<S8>(67), static_cast<S8>(67));
+    expectForms<S8>(g_luminosity, {109, 15, -117}, 26, 25);
+    expectForms<short>(g_luminosity, {28287, -4472, -32099}, 474, 473);
     expectForms<U16>(g_luminosity, {29032, 3301, 16058}, 9598, 9597);
     expectForms<int>(g_luminosity, {770031841, 504941597, 580866285}, 565925248, 565925312);
     expectForms<U32>(g_luminosity, {3952042575U, 3774472248U, 1664766190U}, 3664082432U, 3664082688U);
@@ -321,6 +308,20 @@ TEST(Lightness, LeavesEverythingAloneForACountOfZero)
     lightness<simd::generic::Register, U8>(g_average, 0, 0, nullptr, &out);
     lightness<simd::sse2::Register, U8>(g_luminosity, 3, 0, nullptr, &out);
     lightness<simd::sse2::Register, U8>(g_midRange, 3, 0, nullptr, &out);
+    if (canRun(g_avx2Form))
+    {
+        lightness<simd::avx2::Register, U8>(g_luminosity, 3, 0, nullptr, &out);
+    }
+    if (canRun(g_avx512Form))
+    {
+        lightness<simd::avx512::Register, U8>(g_luminosity, 3, 0, nullptr, &out);
+    }
     EXPECT_EQ(out, 77);
+    float outFloat = 77.0F;
+    if (canRun(g_avxForm))
+    {
+        lightness<simd::avx::Register, float>(g_average, 3, 0, nullptr, &outFloat);
+    }
+    EXPECT_EQ(outFloat, 77.0F);
 }
 } // namespace kovis::test

@@ -18,12 +18,12 @@ public:
     void bind() { this->initDataParserColl(m_parsers); }
     const std::vector<boost::shared_ptr<processor::BaseDataParser>>& getParsers() const { return m_parsers; }
 
-    bool call(const processor::AlgorithmFunctionIdentifier& row, unsigned long nbPixels)
+    BoolResult call(const processor::AlgorithmFunctionIdentifier& row, unsigned long nbPixels)
     {
         processor::ProcessingInfo info;
         info.m_nbElements = nbPixels;
         info.m_nbExactElements = nbPixels;
-        return static_cast<bool>((this->*row.getFunction())(info));
+        return (this->*row.getFunction())(info);
     }
 
 private:
