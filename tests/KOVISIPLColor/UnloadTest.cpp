@@ -1,5 +1,6 @@
 #include "KOVIS/KOVISBaseProcessing/ProcessorFactory.h"
 #include "KOVIS/KOVISImage/ImageFactory.h"
+#include "KOVIS/KOVISUtil/BaseException.h"
 #include "KOVIS/KOVISUtil/DynamicObjectFactory.h"
 #include "KOVIS/KOVISUtil/LogMessageManager.h"
 
@@ -11,7 +12,7 @@
 #include <fstream>
 #include <string>
 
-// This program does not link the module: it loads it, runs a conversion, unloads it, and looks at what is left.
+// This program does not link the module: it loads it, runs what it has, unloads it, and looks at what is left.
 
 namespace kovis
 {
@@ -42,8 +43,33 @@ bool isMapped()
 }
 
 using ImagePtr = boost::shared_ptr<image::BaseImage>;
-using Convert = ImagePtr (*)(const boost::shared_ptr<const image::BaseImage>&, const image::eColorGeometryType&);
-using Lightness = ImagePtr (*)(const boost::shared_ptr<const image::BaseImage>&);
+using ConstImagePtr = boost::shared_ptr<const image::BaseImage>;
+using Convert = ImagePtr (*)(const ConstImagePtr&, const image::eColorGeometryType&);
+using Lightness = ImagePtr (*)(const ConstImagePtr&);
+using Append = ImagePtr (*)(const ConstImagePtr&, const ConstImagePtr&);
+using AppendInto = void (*)(const ConstImagePtr&, const ConstImagePtr&, const ImagePtr&);
+
+template <class TFunction>
+TFunction find(void* module, const char* name)
+{
+    const auto function = reinterpret_cast<TFunction>(dlsym(module, name));
+    EXPECT_NE(function, nullptr) << name;
+    return function;
+}
+
+/// A result of too few channels: a rule over weak pointers, and a text that cannot be finished. Nothing of the exception stays.
+void refuseChannels(AppendInto append, const ConstImagePtr& in)
+{
+    try
+    {
+        append(in, in, image::createImageUser2d(in->getSizeX(), in->getSizeY(), 5, in->getBufferType()));
+        ADD_FAILURE() << "nothing was thrown";
+    }
+    catch (const BaseException& e)
+    {
+        EXPECT_STREQ(e.what(), "Exception thrown while processing message");
+    }
+}
 
 TEST(ColorModule, LeavesNothingBehindWhenItIsUnloaded)
 {
@@ -69,15 +95,24 @@ TEST(ColorModule, LeavesNothingBehindWhenItIsUnloaded)
         {
             EXPECT_NE(messages.getNbMessages(domain), 0U);
         }
-        const auto convert = reinterpret_cast<Convert>(dlsym(
+        const auto convert = find<Convert>(
             module,
-            "_ZN5kovis7imaproc5color15colorConvertImgERKN5boost10shared_ptrIKNS_5image9BaseImageEEERKNS4_18eColorGeometryTypeE"));
-        ASSERT_NE(convert, nullptr) << dlerror();
+            "_ZN5kovis7imaproc5color15colorConvertImgERKN5boost10shared_ptrIKNS_5image9BaseImageEEERKNS4_18eColorGeometryTypeE");
+        ASSERT_NE(convert, nullptr);
         out = convert(in, image::eCGT_HSV);
-        const auto lightness = reinterpret_cast<Lightness>(
-            dlsym(module, "_ZN5kovis7imaproc5color12lightnessImgERKN5boost10shared_ptrIKNS_5image9BaseImageEEE"));
-        ASSERT_NE(lightness, nullptr) << dlerror();
+        const auto lightness =
+            find<Lightness>(module, "_ZN5kovis7imaproc5color12lightnessImgERKN5boost10shared_ptrIKNS_5image9BaseImageEEE");
+        ASSERT_NE(lightness, nullptr);
         const ImagePtr light = lightness(in);
+        const auto append = find<Append>(
+            module, "_ZN5kovis7imaproc5color21appendColorChannelImgERKN5boost10shared_ptrIKNS_5image9BaseImageEEES9_");
+        ASSERT_NE(append, nullptr);
+        const ImagePtr appended = append(in, light);
+        const auto appendInto = find<AppendInto>(
+            module,
+            "_ZN5kovis7imaproc5color21appendColorChannelImgERKN5boost10shared_ptrIKNS_5image9BaseImageEEES9_RKNS3_IS5_EE");
+        ASSERT_NE(appendInto, nullptr);
+        refuseChannels(appendInto, in);
         ASSERT_EQ(dlclose(module), 0);
 
         ASSERT_FALSE(isMapped()) << i;
@@ -94,6 +129,10 @@ TEST(ColorModule, LeavesNothingBehindWhenItIsUnloaded)
         EXPECT_EQ(out->getColorGeometryType(), image::eCGT_HSV);
         EXPECT_EQ(image::planeData<float>(out, 2)[5], 40.0F);
         EXPECT_EQ(image::planeData<unsigned char>(light, 0)[5], 13);
+        EXPECT_EQ(appended->getColorGeometryType(), image::eCGT_User);
+        EXPECT_EQ(appended->getSizeC(), 4U);
+        EXPECT_EQ(image::planeData<unsigned char>(appended, 0)[5], 40);
+        EXPECT_EQ(image::planeData<unsigned char>(image::getSlice2d(appended, 0, 0), 3)[5], 13);
         EXPECT_EQ(image::planeData<float>(image::getSlice2d(out, 0, 0), 2)[6], 0.0F);
     }
     out.reset();
