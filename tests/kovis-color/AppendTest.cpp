@@ -121,10 +121,27 @@ TEST_F(AppendVerb, refusesChannelsThatTheFormatCannotHold)
 {
     const std::string png = m_folder.getPath("out.png");
     const ProgramRun run = runProgram({"append", m_input, m_input, "-o", png});
-    EXPECT_NE(run.exitCode, 0);
-    EXPECT_TRUE(contains(run.err, "6")) << run.err;
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.err, "kovis-color: " + png + ": PNG cannot hold 6 channel(s); write a .tif instead\n");
     EXPECT_EQ(m_folder.getNames(), (std::vector<std::string>{"grey.tif", "in.tif"}));
 }
+
+TEST_F(AppendVerb, runsTheInstructionSetThatIsAsked)
+{
+    if (!Json::parse(runProgram({"kernels", "--json"}).out)["available"]["avx"].get<bool>())
+        GTEST_SKIP() << "this processor cannot run avx";
+    // There is one kernel of this form alone, for float.
+    const ProgramRun run = append({m_input, m_grey}, {"--isa", "avx"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TRUE(contains(run.err, "AVX")) << run.err;
+    EXPECT_EQ(countLines(run.err), 1U) << run.err;
+    EXPECT_EQ(m_folder.getNames(), (std::vector<std::string>{"grey.tif", "in.tif"}));
+    writeRow<float>(m_input, ElementType::eF32, 2, {1.5F, -2.5F, 3e30F, 4.0F});
+    writeRow<float>(m_grey, ElementType::eF32, 1, {0.25F, 0.75F});
+    ASSERT_EQ(append({m_input, m_grey}, {"--isa", "avx"}).exitCode, 0);
+    EXPECT_EQ(readPixels<float>(3), (std::vector<float>{1.5F, -2.5F, 0.25F, 3e30F, 4.0F, 0.75F}));
+}
+
 TEST_F(AppendVerb, onTheGpuGivesTheSameOrSaysInOneLineThatThereIsNone)
 {
     const ProgramRun run = append({m_input, m_grey}, {"--gpu"});
