@@ -81,8 +81,11 @@ void throwColorText(const std::string& text, const char* function, const char* f
     throw KOVISIPLColorException(text, function, file, line);
 }
 
-void details::throwNullProcessor(const char* function, const char* file, unsigned int line)
+void details::throwNullProcessor(const std::string& typeName, const char* file, unsigned int line)
 {
-    processor::throwProcessingMessage(processor::eProcessorMessage::ePM_NullProcessor, SourcePlace{function, file, line});
+    const std::string function = "boost::shared_ptr<kovis::image::BaseImage> "
+                                 "kovis::imaproc::color::getAsyncProcessorOutput(boost::shared_ptr<" +
+                                 typeName + ">)";
+    processor::throwProcessingMessage(processor::eProcessorMessage::ePM_NullProcessor, SourcePlace{function.c_str(), file, line});
 }
 } // namespace kovis::imaproc::color

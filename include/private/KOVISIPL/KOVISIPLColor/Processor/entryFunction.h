@@ -6,6 +6,8 @@
 #include <boost/make_shared.hpp>
 #include <boost/shared_ptr.hpp>
 
+#include <string>
+
 // The steps of which every entry function consists.
 
 namespace kovis::imaproc::color::details
@@ -37,19 +39,19 @@ boost::shared_ptr<TProcessor> start(const boost::shared_ptr<TProcessor>& process
     return processor;
 }
 
-/// Throws KOVISBaseProcessingException, logged before: an entry function was given no processor. It stands in the log's unit,
-/// since the headers of formatted messages bring a static initialiser, which not every entry function's unit may have.
-[[noreturn]] void throwNullProcessor(const char* function, const char* file, unsigned int line);
+/// Throws KOVISBaseProcessingException, logged before: the getAsyncProcessorOutput of the processor class of that name was given
+/// no processor. It stands in the log's unit, since the headers of formatted messages bring a static initialiser, which not every
+/// entry function's unit may have.
+[[noreturn]] void throwNullProcessor(const std::string& typeName, const char* file, unsigned int line);
 
-/// What the output TOutput of a processor holds now. Throws KOVISBaseProcessingException, from this place, if there is no
-/// processor.
+/// What getAsyncProcessorOutput gives: what the output TOutput of the processor holds now. Throws KOVISBaseProcessingException,
+/// from this place, if there is no processor.
 template <class TOutput, class TProcessor>
-boost::shared_ptr<image::BaseImage> getOutput(const boost::shared_ptr<TProcessor>& processor, const char* function,
-                                              const char* file, unsigned int line)
+boost::shared_ptr<image::BaseImage> getOutput(const boost::shared_ptr<TProcessor>& processor, const char* file, unsigned int line)
 {
     if (!processor)
     {
-        throwNullProcessor(function, file, line);
+        throwNullProcessor(TProcessor::getTypeName(), file, line);
     }
     return processor->template getStorage<TOutput>();
 }

@@ -49,10 +49,6 @@ boost::shared_ptr<AppendColorChannelImgLvl1> appendColorChannelImg_async(const I
 OutputImage getAsyncProcessorOutput(boost::shared_ptr<AppendColorChannelImgLvl1> processor)
 {
     return details::getOutput<attr::OutColorImg>(
-        processor,
-        "boost::shared_ptr<kovis::image::BaseImage> "
-        "kovis::imaproc::color::getAsyncProcessorOutput(boost::shared_ptr<kovis::imaproc::color::"
-        "AppendColorChannelImgLvl1>)",
-        "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImg", __LINE__);
+        processor, "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImg", __LINE__);
 }
 } // namespace kovis::imaproc::color

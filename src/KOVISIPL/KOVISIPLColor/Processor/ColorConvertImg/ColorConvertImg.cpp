@@ -83,11 +83,7 @@ boost::shared_ptr<ColorConvertImgLvl1> colorConvertImg_async(const InputImage& i
 
 OutputImage getAsyncProcessorOutput(boost::shared_ptr<ColorConvertImgLvl1> processor)
 {
-    return details::getOutput<attr::OutColorImg>(
-        processor,
-        "boost::shared_ptr<kovis::image::BaseImage> "
-        "kovis::imaproc::color::getAsyncProcessorOutput(boost::shared_ptr<kovis::imaproc::color::"
-        "ColorConvertImgLvl1>)",
-        "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImg", __LINE__);
+    return details::getOutput<attr::OutColorImg>(processor, "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImg",
+                                                 __LINE__);
 }
 } // namespace kovis::imaproc::color

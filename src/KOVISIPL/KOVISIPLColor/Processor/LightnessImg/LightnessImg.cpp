@@ -66,11 +66,7 @@ boost::shared_ptr<LightnessImgLvl1> lightnessImg_async(const InputImage& image, 
 
 OutputImage getAsyncProcessorOutput(boost::shared_ptr<LightnessImgLvl1> processor)
 {
-    return details::getOutput<attr::OutLightImg>(
-        processor,
-        "boost::shared_ptr<kovis::image::BaseImage> "
-        "kovis::imaproc::color::getAsyncProcessorOutput(boost::shared_ptr<kovis::imaproc::color::"
-        "LightnessImgLvl1>)",
-        "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImg", __LINE__);
+    return details::getOutput<attr::OutLightImg>(processor, "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImg",
+                                                 __LINE__);
 }
 } // namespace kovis::imaproc::color
