@@ -2,8 +2,12 @@
 #include "KernelTableRows.h"
 
 #include "KOVIS/KOVISUtil/BaseException.h"
+#include "KOVISIPL/KOVISIPLColor/KOVISIPLColorLog.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/AppendColorChannelImgLvl3.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImg.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/ColorConvertImg/ColorConvertImgLvl3.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImgLvl3.h"
+#include "kernel/OpenAlgorithm.h"
 
 #include <gtest/gtest.h>
 
@@ -98,6 +102,24 @@ TEST(ColorKernelTable, RunsAForcedFormOrRefusesByKeyAndSets)
         }
     }
     EXPECT_NO_THROW(colorConvertImg(bytes, eCGT_YCbCr));
+}
+
+/// There are neither attributes nor parsers yet.
+template <class T>
+void expectKernelsRefusedBeforeInit()
+{
+    for (const processor::AlgorithmFunctionIdentifier& row : T::retrieveFunctionSelector().getFunctions())
+    {
+        test::OpenAlgorithm<T> lvl3;
+        EXPECT_THROW(lvl3.call(row, 64), KOVISIPLColorException) << row.getDataTypes().getName();
+    }
+}
+
+TEST(KernelsBeforeInit, AreRefused)
+{
+    expectKernelsRefusedBeforeInit<ColorConvertImgLvl3>();
+    expectKernelsRefusedBeforeInit<LightnessImgLvl3>();
+    expectKernelsRefusedBeforeInit<AppendColorChannelImgLvl3>();
 }
 } // namespace
 } // namespace kovis::imaproc::color

@@ -22,8 +22,8 @@ bool enterVariant(bool (*functionRegistration)())
 // The registrations below stand at global scope, last in their units. Names in ENTER and in the sets are looked up in
 // NAMESPACE::details.
 
-/// NAMESPACE::details::functionRegistration(), file-local: gives the entering function that follows the place of this line in the
-/// unit PATH, and returns what it returns.
+/// NAMESPACE::details::functionRegistration(), file-local: calls the function that follows, which enters the rows, with the place
+/// of this line in the unit PATH, and returns what it returns.
 #define KOVIS_DEFINE_FUNCTION_REGISTRATION(NAMESPACE, PATH, ...)                                                                 \
     namespace NAMESPACE::details                                                                                                 \
     {                                                                                                                            \

@@ -23,11 +23,13 @@ TParser& accessParser(const boost::shared_ptr<processor::BaseDataParser>& parser
     return *typed;
 }
 
-/// The address of each channel's run in a colour strip of elements T, const for an input attribute A.
+/// The address of each channel's run in the colour strip of elements T that the attribute holds; const for an input attribute A.
+/// Throws as accessParser does, before it looks at the attribute: neither is there before init.
 template <class T, class A>
-auto accessPlanes(const boost::shared_ptr<processor::BaseDataParser>& parser, unsigned long nbChannels, const char* className)
+auto accessPlanes(const boost::shared_ptr<processor::BaseDataParser>& parser, const A* attribute, const char* className)
 {
     auto& typed = accessParser<RawYStripUserColor2dParser<T, A>>(parser, className);
+    const unsigned long nbChannels = attribute->getBaseImageYStripColor2d().getSizeC();
     using Element = typename RawYStripUserColor2dParser<T, A>::Element;
     std::unique_ptr<Element*[]> planes(new Element*[nbChannels]);
     for (unsigned long c = 0; c < nbChannels; ++c)

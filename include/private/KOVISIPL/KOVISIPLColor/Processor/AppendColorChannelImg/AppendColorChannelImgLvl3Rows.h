@@ -30,15 +30,15 @@ void appendPlanes(unsigned long nbPlanes, unsigned long count, const Tin* const*
 template <class T1, class T2, class Tout, eInstructionSet::domain ISA>
 ProcessingResult<bool> AppendColorChannelImgLvl3::genericProcessFunction(const processor::ProcessingInfo& info)
 {
+    const auto in1 = details::accessPlanes<T1, BaseInputYStripColor2dAttribute>(m_inputParser1, m_inColorYStrip2d1.get(),
+                                                                                details::g_appendClassName);
+    const auto in2 = details::accessPlanes<T2, BaseInputYStripColor2dAttribute>(m_inputParser2, m_inColorYStrip2.get(),
+                                                                                details::g_appendClassName);
+    const auto out = details::accessPlanes<Tout, BaseOutputYStripColor2dAttribute>(m_outputParser, m_outColorYStrip2d.get(),
+                                                                                   details::g_appendClassName);
     const unsigned long sizeC1 = m_inColorYStrip2d1->getBaseImageYStripColor2d().getSizeC();
     const unsigned long sizeC2 = m_inColorYStrip2->getBaseImageYStripColor2d().getSizeC();
     const unsigned long sizeCOut = m_outColorYStrip2d->getBaseImageYStripColor2d().getSizeC();
-    const auto in1 =
-        details::accessPlanes<T1, BaseInputYStripColor2dAttribute>(m_inputParser1, sizeC1, details::g_appendClassName);
-    const auto in2 =
-        details::accessPlanes<T2, BaseInputYStripColor2dAttribute>(m_inputParser2, sizeC2, details::g_appendClassName);
-    const auto out =
-        details::accessPlanes<Tout, BaseOutputYStripColor2dAttribute>(m_outputParser, sizeCOut, details::g_appendClassName);
     if (sizeCOut < sizeC1 + sizeC2)
     {
         details::throwShortOutput(sizeC1, sizeC2, sizeCOut);

@@ -41,17 +41,17 @@ void shareStaging(const image::BaseImageYStripColor2d& inStrip, const image::Bas
 template <class Tin, class Tout, eInstructionSet::domain A, eInstructionSet::domain B>
 ProcessingResult<bool> ColorConvertImgLvl3::genericProcessFunction(const processor::ProcessingInfo& info)
 {
+    const auto in = details::accessPlanes<Tin, BaseInputYStripColor2dAttribute>(m_inputParser, m_inColorYStrip2d.get(),
+                                                                                "ColorConvertImgLvl3");
     const image::BaseImageYStripColor2d& inStrip = m_inColorYStrip2d->getBaseImageYStripColor2d();
     const ConversionStep input(inStrip.getColorGeometryType(), static_cast<unsigned int>(inStrip.getSizeC()),
                                m_inColorYStrip2d->getImageBufferType());
-    const auto in =
-        details::accessPlanes<Tin, BaseInputYStripColor2dAttribute>(m_inputParser, input.get<1>(), "ColorConvertImgLvl3");
 
+    const auto out = details::accessPlanes<Tout, BaseOutputYStripColor2dAttribute>(m_outputParser, m_outColorYStrip2d.get(),
+                                                                                   "ColorConvertImgLvl3");
     const image::BaseImageYStripColor2d& outStrip = m_outColorYStrip2d->getBaseImageYStripColor2d();
     const ConversionStep output(outStrip.getColorGeometryType(), static_cast<unsigned int>(outStrip.getSizeC()),
                                 m_outColorYStrip2d->getImageBufferType());
-    const auto out =
-        details::accessPlanes<Tout, BaseOutputYStripColor2dAttribute>(m_outputParser, output.get<1>(), "ColorConvertImgLvl3");
 
     details::shareStaging(inStrip, outStrip, in.get(), out.get());
     convertPlanes<Tin, Tout, A, B>(input, output, m_inColorConversionTransform->getDataItemNode().getMatrix(), info.m_nbElements,

@@ -14,10 +14,11 @@ namespace kovis::imaproc::color
 template <class T, eInstructionSet::domain ISA>
 ProcessingResult<bool> LightnessImgLvl3::genericProcessFunction(const processor::ProcessingInfo& info)
 {
-    const unsigned long sizeC = m_inColorYStrip2d->getBaseImageYStripColor2d().getSizeC();
-    const auto in = details::accessPlanes<T, BaseInputYStripColor2dAttribute>(m_inputParser, sizeC, "LightnessImgLvl3");
+    const auto in =
+        details::accessPlanes<T, BaseInputYStripColor2dAttribute>(m_inputParser, m_inColorYStrip2d.get(), "LightnessImgLvl3");
     T* const out = details::accessParser<RawYStrip2dParser<T, BaseOutputYStrip2dAttribute>>(m_outputParser, "LightnessImgLvl3")
                        .accessBuffer();
+    const unsigned long sizeC = m_inColorYStrip2d->getBaseImageYStripColor2d().getSizeC();
     const attr::eLightnessType type = m_inLightnessType->getValue();
     if (type != attr::eLT_Average && type != attr::eLT_Lightness && sizeC < 3)
     {
