@@ -3,6 +3,7 @@ the unsigned load is fused in the form that fuses and in no other.
 
 Argument: a file that lists the colour module's objects."""
 
+import collections
 import os
 import re
 import subprocess
@@ -26,16 +27,16 @@ def undefined_symbols(path):
 
 
 def mnemonics(path, name):
-    """The instructions of the function in whose demangled name `name` stands."""
+    """The instructions of the function in whose demangled name `name` stands, and how often each stands there."""
     text = subprocess.run(["objdump", "-d", "-C", "--no-show-raw-insn", "-w", path], capture_output=True, text=True, check=True).stdout
-    found = set()
+    found = collections.Counter()
     inside = False
     for line in text.splitlines():
         match = FUNCTION.match(line)
         if match:
             inside = name in match.group(1)
         elif inside and "\t" in line:
-            found.add(line.split("\t")[1].split()[0])
+            found[line.split("\t")[1].split()[0]] += 1
     return found
 
 
@@ -51,12 +52,16 @@ def lightness_problems(paths):
             problems.append(f"there is no unit of the lightness for {form}")
             continue
         problems += [f"lightness_{form} does not read {symbol}" for symbol in sorted(set(LIMITS) - undefined_symbols(units[form]))]
+        fused = {}
         for pixel in ("unsigned char", "int", "float"):
             found = mnemonics(units[form], LIGHTNESS % (form, pixel))
-            fused = {name for name in found if name.startswith("vfm")}
-            if not found or bool(fused) != (form == "avx512") or not any(name.endswith("mulps") or name == "mulss" for name in found - fused):
+            fused[pixel] = sum(count for name, count in found.items() if name.startswith("vfm"))
+            if not found or bool(fused[pixel]) != (form == "avx512"):
                 problems.append(f"the lightness of {pixel} in {form} has to " + ("" if form == "avx512" else "not ") + "fuse: "
                                 + " ".join(sorted(found)))
+        # each block of the luminosity has two fused products of floats for one of integers
+        if fused["unsigned char"] != fused["int"] or fused["float"] != 2 * fused["int"]:
+            problems.append(f"the lightness in {form} has to fuse one product of integers and two of floats, and not {fused}")
     return problems
 
 
