@@ -11,8 +11,8 @@
 
 namespace kovis::test
 {
-/// A CUDA runtime on a computer without a GPU: device memory is host memory that nobody else gets, every range is checked, and any
-/// call can be made to fail.
+/// A CUDA runtime on a computer without a GPU: device memory is host memory that nobody else gets, every range is checked, and
+/// any call can be made to fail.
 class FakeCudaRuntime : public gpu::CudaRuntime
 {
 public:

@@ -24,7 +24,8 @@ struct PixelValue
     std::uint32_t m_bits;  ///< of f32
 };
 
-/// Plain model of the GPU append: what a pixel of the type `value.m_type`, in an image whose partner has pixels of `other`, becomes
-/// in an output of `target`. Written from the table of the conversion, row by row, without a cast of the language that could do it.
+/// Plain model of the GPU append: what a pixel of the type `value.m_type`, in an image whose partner has pixels of `other`,
+/// becomes in an output of `target`. Written from the table of the conversion, row by row, without a cast of the language that
+/// could do it.
 PixelValue appendOnGpuModel(const PixelValue& value, PixelType other, PixelType target);
 } // namespace kovis::test

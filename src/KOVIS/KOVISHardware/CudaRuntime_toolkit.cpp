@@ -33,7 +33,11 @@ public:
         const cudaError_t error = cudaGetDeviceProperties(&told, device);
         if (error == cudaSuccess)
         {
-            properties = {told.name, told.major, told.minor, told.multiProcessorCount, told.maxThreadsPerMultiProcessor,
+            properties = {told.name,
+                          told.major,
+                          told.minor,
+                          told.multiProcessorCount,
+                          told.maxThreadsPerMultiProcessor,
                           told.maxThreadsPerBlock};
         }
         return toResult(error);

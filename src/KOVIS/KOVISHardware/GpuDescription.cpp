@@ -37,8 +37,8 @@ void GpuDescription::readDevices() const
         else
         {
             const int side = gpu::getBlockSide(properties.m_maxThreadsPerBlock, properties.m_maxThreadsPerMultiProcessor);
-            m_devices.push_back({properties.m_name, device, side, properties.m_nbMultiProcessors,
-                                 properties.m_maxThreadsPerBlock, properties.m_maxThreadsPerMultiProcessor});
+            m_devices.push_back({properties.m_name, device, side, properties.m_nbMultiProcessors, properties.m_maxThreadsPerBlock,
+                                 properties.m_maxThreadsPerMultiProcessor});
         }
     }
     if (!m_devices.empty())
@@ -58,10 +58,9 @@ const GpuDescription::Device& GpuDescription::getDevice(int device, const char* 
     const std::vector<Device>& devices = askDevices();
     if (device < 0 || static_cast<std::size_t>(device) >= devices.size())
     {
-        throwMessage<KOVISHardwareException>(getKOVISHardwareLogMessageManager(), getKOVISHardwareLogger(),
-                                             eKOVISHardwareMessage::eHM_NoSuchDevice,
-                                             SourcePlace{function, "KOVIS/KOVISHardware/GpuDescription.cpp", __LINE__}, device,
-                                             devices.size());
+        throwMessage<KOVISHardwareException>(
+            getKOVISHardwareLogMessageManager(), getKOVISHardwareLogger(), eKOVISHardwareMessage::eHM_NoSuchDevice,
+            SourcePlace{function, "KOVIS/KOVISHardware/GpuDescription.cpp", __LINE__}, device, devices.size());
     }
     return devices[static_cast<std::size_t>(device)];
 }

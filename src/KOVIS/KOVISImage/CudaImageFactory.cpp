@@ -117,7 +117,8 @@ void copyToGpu(const BaseImage& hostImage, CudaImage& gpuImage)
 {
     copyPlanes(hostImage, gpuImage, hostImage, gpuImage,
                {"void kovis::image::copyToGpu(const kovis::image::BaseImage&, kovis::image::CudaImage&)", g_file, __LINE__},
-               "the upload of a plane", [](const void* pHost, void* pDevice, std::size_t nbBytes)
+               "the upload of a plane",
+               [](const void* pHost, void* pDevice, std::size_t nbBytes)
                { return gpu::CudaRuntime::getInstance().copyToDevice(pDevice, pHost, nbBytes); });
 }
 
@@ -125,7 +126,8 @@ void copyToHost(const CudaImage& gpuImage, BaseImage& hostImage)
 {
     copyPlanes(gpuImage, hostImage, hostImage, gpuImage,
                {"void kovis::image::copyToHost(const kovis::image::CudaImage&, kovis::image::BaseImage&)", g_file, __LINE__},
-               "the download of a plane", [](void* pHost, const void* pDevice, std::size_t nbBytes)
+               "the download of a plane",
+               [](void* pHost, const void* pDevice, std::size_t nbBytes)
                { return gpu::CudaRuntime::getInstance().copyToHost(pHost, pDevice, nbBytes); });
 }
 

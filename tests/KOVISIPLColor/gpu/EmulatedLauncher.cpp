@@ -17,8 +17,8 @@ EmulatedLaunch& getEmulatedLaunch()
 namespace kovis::imaproc::color::gpu
 {
 template <class T1, class T2, class Tout>
-kovis::gpu::CudaResult AppendColorChannelImg_knlLauncher(kovis::gpu::LauncherInfo const* info, unsigned long sizeC1, unsigned long,
-                                                         T1 const** in1, T2 const** in2, Tout** out)
+kovis::gpu::CudaResult AppendColorChannelImg_knlLauncher(kovis::gpu::LauncherInfo const* info, unsigned long sizeC1,
+                                                         unsigned long, T1 const** in1, T2 const** in2, Tout** out)
 {
     test::EmulatedLaunch& launch = test::getEmulatedLaunch();
     launch.m_info = *info;

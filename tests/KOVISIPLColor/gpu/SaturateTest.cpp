@@ -124,8 +124,9 @@ TEST(Saturate, FloatsOfFloatsLieBetweenUnequalLimits)
 TEST(GpuAppendModel, KnowsTheTable)
 {
     using test::PixelType;
-    const auto fromNumber = [](PixelType type, std::int64_t number, PixelType other, PixelType target)
-    { return test::appendOnGpuModel({type, number, 0}, other, target); };
+    const auto fromNumber = [](PixelType type, std::int64_t number, PixelType other, PixelType target) {
+        return test::appendOnGpuModel({type, number, 0}, other, target);
+    };
     EXPECT_EQ(4294967295, fromNumber(PixelType::i32, -1, PixelType::i32, PixelType::u32).m_number);
     EXPECT_EQ(0, fromNumber(PixelType::i32, -1, PixelType::i32, PixelType::u16).m_number);
     EXPECT_EQ(65535, fromNumber(PixelType::i8, -1, PixelType::u32, PixelType::u16).m_number);
@@ -136,7 +137,8 @@ TEST(GpuAppendModel, KnowsTheTable)
     EXPECT_EQ(4294967295, fromNumber(PixelType::u32, 4294967040 + 200, PixelType::f32, PixelType::u32).m_number);
     EXPECT_EQ(0, test::appendOnGpuModel({PixelType::f32, 0, 0x7FC00000U}, PixelType::u8, PixelType::i8).m_number);
     EXPECT_EQ(0xFF7FFFEEU, test::appendOnGpuModel({PixelType::f32, 0, 0xFF800000U}, PixelType::f32, PixelType::f32).m_bits);
-    EXPECT_EQ(2147483647, test::appendOnGpuModel({PixelType::f32, 0, getBits(2147483648.0F)}, PixelType::f32, PixelType::i32).m_number);
+    EXPECT_EQ(2147483647,
+              test::appendOnGpuModel({PixelType::f32, 0, getBits(2147483648.0F)}, PixelType::f32, PixelType::i32).m_number);
 }
 
 TEST(AppendGrid, CoversThePlaneByWholeBlocks)

@@ -50,15 +50,31 @@ auto withType(PixelType type, const TWork& work)
 std::vector<float> getFloatEdges()
 {
     const float infinity = std::numeric_limits<float>::infinity();
-    std::vector<float> edges = {0.0F, -0.0F, 0.5F, -0.5F, 0.999999F, -0.999999F, 3.9F, -3.9F, 1e-45F, -1e-45F, infinity, -infinity,
-                                std::bit_cast<float>(0x7FC00001U), std::bit_cast<float>(0xFFC00002U), 300.0F, 40000.0F, 1e30F,
+    std::vector<float> edges = {0.0F,
+                                -0.0F,
+                                0.5F,
+                                -0.5F,
+                                0.999999F,
+                                -0.999999F,
+                                3.9F,
+                                -3.9F,
+                                1e-45F,
+                                -1e-45F,
+                                infinity,
+                                -infinity,
+                                std::bit_cast<float>(0x7FC00001U),
+                                std::bit_cast<float>(0xFFC00002U),
+                                300.0F,
+                                40000.0F,
+                                1e30F,
                                 -1e30F};
     // Around the limits of every type, those of float by their bits.
-    for (const float limit : {-128.0F, 127.0F, 255.0F, -32768.0F, 32767.0F, 65535.0F, -2147483648.0F, 2147483648.0F, 4294967296.0F,
-                              std::bit_cast<float>(0xFF7FFFEEU), std::bit_cast<float>(0xFF7FFFFFU),
-                              std::bit_cast<float>(0x7F7FFFFFU)})
+    for (const float limit :
+         {-128.0F, 127.0F, 255.0F, -32768.0F, 32767.0F, 65535.0F, -2147483648.0F, 2147483648.0F, 4294967296.0F,
+          std::bit_cast<float>(0xFF7FFFEEU), std::bit_cast<float>(0xFF7FFFFFU), std::bit_cast<float>(0x7F7FFFFFU)})
     {
-        for (const float value : {limit, std::nextafter(limit, infinity), std::nextafter(limit, -infinity), limit + 0.5F, limit - 0.5F})
+        for (const float value :
+             {limit, std::nextafter(limit, infinity), std::nextafter(limit, -infinity), limit + 0.5F, limit - 0.5F})
         {
             edges.push_back(value);
         }
@@ -76,8 +92,8 @@ std::vector<T> getEdges()
     else
     {
         std::vector<T> edges;
-        for (const long long limit : {0LL, -128LL, 127LL, 255LL, -32768LL, 32767LL, 65535LL, 16777216LL, 2147483647LL, -2147483648LL,
-                                      4294967295LL, 4294967168LL, 4294934528LL, 2147483648LL})
+        for (const long long limit : {0LL, -128LL, 127LL, 255LL, -32768LL, 32767LL, 65535LL, 16777216LL, 2147483647LL,
+                                      -2147483648LL, 4294967295LL, 4294967168LL, 4294934528LL, 2147483648LL})
         {
             for (const long long value : {limit - 1, limit, limit + 1})
             {
@@ -162,9 +178,9 @@ std::size_t toIndex(PixelType type)
 
 std::string describe(const PixelValue& value)
 {
-    return value.m_type == PixelType::f32 ? std::to_string(std::bit_cast<float>(value.m_bits)) + " (bits " +
-                                                std::to_string(value.m_bits) + ")"
-                                          : std::to_string(value.m_number);
+    return value.m_type == PixelType::f32
+               ? std::to_string(std::bit_cast<float>(value.m_bits)) + " (bits " + std::to_string(value.m_bits) + ")"
+               : std::to_string(value.m_number);
 }
 } // namespace
 
@@ -230,9 +246,8 @@ gpu::CudaResult launchTriple(const gpu::LauncherInfo& info, const TypedPlanes& i
     const DevicePlanes device1(in1);
     const DevicePlanes device2(in2);
     const DevicePlanes deviceOut(out);
-    const gpu::CudaResult result =
-        g_launches[toIndex(in1.m_type) * 49 + toIndex(in2.m_type) * 7 + toIndex(out.m_type)](
-            info, in1.m_planes.size(), in2.m_planes.size(), device1.getTable(), device2.getTable(), deviceOut.getTable());
+    const gpu::CudaResult result = g_launches[toIndex(in1.m_type) * 49 + toIndex(in2.m_type) * 7 + toIndex(out.m_type)](
+        info, in1.m_planes.size(), in2.m_planes.size(), device1.getTable(), device2.getTable(), deviceOut.getTable());
     if (result)
     {
         deviceOut.fetch(out);
@@ -255,8 +270,8 @@ std::string findDifference(const TypedPlanes& in1, const TypedPlanes& in2, const
             if (found.m_number != expected.m_number || found.m_bits != expected.m_bits)
             {
                 return getName(in1.m_type) + ", " + getName(in2.m_type) + " to " + getName(out.m_type) + ", channel " +
-                       std::to_string(c) + ", pixel " + std::to_string(i) + ": " + describe(source) + " became " + describe(found) +
-                       ", not " + describe(expected);
+                       std::to_string(c) + ", pixel " + std::to_string(i) + ": " + describe(source) + " became " +
+                       describe(found) + ", not " + describe(expected);
             }
         }
         const std::size_t firstUntouched = c < nbWritten ? nbElements * getElementSize(out.m_type) : 0;

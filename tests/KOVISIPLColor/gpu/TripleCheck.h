@@ -29,8 +29,8 @@ TypedPlanes makeEmpty(PixelType type, std::size_t nbPlanes, std::size_t nbElemen
 /// Launches the kernel of the planes' types, of 343 ones, on copies of the planes in device memory, and fetches the output.
 gpu::CudaResult launchTriple(const gpu::LauncherInfo& info, const TypedPlanes& in1, const TypedPlanes& in2, TypedPlanes& out);
 
-/// The first planes of `out` have to be the append of the inputs as the model has it, all further ones and every canary untouched.
-/// Gives a text for the first pixel that is not so, or nothing.
+/// The first planes of `out` have to be the append of the inputs as the model has it, all further ones and every canary
+/// untouched. Gives a text for the first pixel that is not so, or nothing.
 std::string findDifference(const TypedPlanes& in1, const TypedPlanes& in2, const TypedPlanes& out, std::size_t nbWritten,
                            std::size_t nbElements);
 } // namespace kovis::test

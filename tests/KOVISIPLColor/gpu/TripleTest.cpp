@@ -12,8 +12,8 @@ namespace
 constexpr PixelType g_types[] = {PixelType::i8,  PixelType::u8,  PixelType::i16, PixelType::u16,
                                  PixelType::i32, PixelType::u32, PixelType::f32};
 
-gpu::LauncherInfo makeInfo(unsigned long sizeX, unsigned long sizeY, unsigned long sizeZ, unsigned long sizeC, unsigned long sizeT,
-                           int side)
+gpu::LauncherInfo makeInfo(unsigned long sizeX, unsigned long sizeY, unsigned long sizeZ, unsigned long sizeC,
+                           unsigned long sizeT, int side)
 {
     gpu::LauncherInfo info;
     info.m_blockSize2d = side;

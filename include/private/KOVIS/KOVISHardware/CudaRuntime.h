@@ -19,8 +19,8 @@ struct DeviceProperties
     int m_maxThreadsPerBlock = 0;
 };
 
-/// All that this system calls of the CUDA runtime, apart from the launch of its kernels. Nothing throws: what fails is answered in
-/// the runtime's own words. In a build without device code every call fails, and says why. Safe from any thread.
+/// All that this system calls of the CUDA runtime, apart from the launch of its kernels. Nothing throws: what fails is answered
+/// in the runtime's own words. In a build without device code every call fails, and says why. Safe from any thread.
 class KOVISHARDWARE_EXPORT CudaRuntime
 {
 public:
@@ -56,8 +56,9 @@ CudaRuntime& getBuiltRuntime();
 } // namespace detail
 
 /// The text of a build without device code.
-inline constexpr const char* g_noDeviceCode = "device code was left out of this build: configure it with KOVIS_WITH_CUDA=ON where "
-                                              "a CUDA toolkit is installed";
+inline constexpr const char* g_noDeviceCode =
+    "device code was left out of this build: configure it with KOVIS_WITH_CUDA=ON where "
+    "a CUDA toolkit is installed";
 
 /// Makes a device that of this thread, and gives back the one before.
 class KOVISHARDWARE_EXPORT DeviceScope

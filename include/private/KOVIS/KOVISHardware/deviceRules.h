@@ -6,8 +6,8 @@
 
 namespace kovis::gpu
 {
-/// Whether device code runs on a device of the compute capability major.minor: code of an architecture (75 is 7.5) runs on devices
-/// of the same major number and no lesser minor one, PTX on all from its own number on. An architecture of 0 is none.
+/// Whether device code runs on a device of the compute capability major.minor: code of an architecture (75 is 7.5) runs on
+/// devices of the same major number and no lesser minor one, PTX on all from its own number on. An architecture of 0 is none.
 constexpr bool isCovered(std::initializer_list<int> architectures, int ptxArchitecture, int major, int minor)
 {
     if (ptxArchitecture != 0 && major * 10 + minor >= ptxArchitecture)
@@ -24,8 +24,8 @@ constexpr bool isCovered(std::initializer_list<int> architectures, int ptxArchit
     return false;
 }
 
-/// The side of square blocks that suits a device: the greatest power of two up to 32, the width of a warp, whose blocks are allowed
-/// and of which a multiprocessor holds four or more, so that it has work while one of them drains; at least 1.
+/// The side of square blocks that suits a device: the greatest power of two up to 32, the width of a warp, whose blocks are
+/// allowed and of which a multiprocessor holds four or more, so that it has work while one of them drains; at least 1.
 constexpr int getBlockSide(int maxThreadsPerBlock, int maxThreadsPerMultiProcessor)
 {
     int side = 32;

@@ -7,7 +7,8 @@
 
 namespace kovis::image::detail
 {
-/// Makes the first usable GPU the device of this thread for a while. Throws KOVISImageException, from `place`, where there is none.
+/// Makes the first usable GPU the device of this thread for a while. Throws KOVISImageException, from `place`, where there is
+/// none.
 class GpuScope
 {
 public:

@@ -73,8 +73,8 @@ inline void addRefusal(const BoolResult& result, std::string& errors)
     }
 }
 
-/// Tells the rows that a table refused at TRACE, if there are any. Returns true whatever happened: a row that is absent is no error
-/// of the load.
+/// Tells the rows that a table refused at TRACE, if there are any. Returns true whatever happened: a row that is absent is no
+/// error of the load.
 inline bool reportRefusals(const std::string& errors, const SourcePlace& place)
 {
     if (!errors.empty() && processor::getKOVISBaseProcessingLogger().isEnabledFor(log4cplus::TRACE_LOG_LEVEL))

@@ -8,8 +8,8 @@
 
 namespace kovis::processor
 {
-/// A processor whose work is one launch of a GPU kernel, picked by the data types of its attributes. mainProcess: pick the kernel;
-/// preProcess; launch it, with the device as that of this thread; postProcess. The launch waits for the device.
+/// A processor whose work is one launch of a GPU kernel, picked by the data types of its attributes. mainProcess: pick the
+/// kernel; preProcess; launch it, with the device as that of this thread; postProcess. The launch waits for the device.
 class KOVISBASEPROCESSING_EXPORT BaseGpuProcessingAlgorithm : public BaseSyncProcessor
 {
 public:

@@ -4,8 +4,8 @@
 
 namespace kovis::imaproc
 {
-/// Hands on an image that lies on a GPU, whole, as the one piece that there is. TImagePtr is a shared pointer to BaseImage or const
-/// BaseImage.
+/// Hands on an image that lies on a GPU, whole, as the one piece that there is. TImagePtr is a shared pointer to BaseImage or
+/// const BaseImage.
 template <class TImagePtr>
 class KOVISIMAGEPROCESSING_EXPORT BaseCudaSubImageSplit : public processor::BaseStaticSplit
 {

@@ -8,8 +8,8 @@
 namespace kovis::imaproc::color::gpu
 {
 template <class T1, class T2, class Tout>
-kovis::gpu::CudaResult AppendColorChannelImg_knlLauncher(kovis::gpu::LauncherInfo const*, unsigned long, unsigned long, T1 const**,
-                                                         T2 const**, Tout**)
+kovis::gpu::CudaResult AppendColorChannelImg_knlLauncher(kovis::gpu::LauncherInfo const*, unsigned long, unsigned long,
+                                                         T1 const**, T2 const**, Tout**)
 {
     return {false, kovis::gpu::g_noDeviceCode};
 }

@@ -42,12 +42,13 @@ inline AppendGrid getAppendGrid(const kovis::gpu::LauncherInfo& info)
     return grid;
 }
 
-/// One pixel of one plane: `in1`, `in2` and `out` hold a plane pointer per channel. Threads outside the image do nothing, those of
-/// further slices and time steps neither: only channels are indexed.
+/// One pixel of one plane: `in1`, `in2` and `out` hold a plane pointer per channel. Threads outside the image do nothing, those
+/// of further slices and time steps neither: only channels are indexed.
 template <class T1, class T2, class Tout>
-KOVIS_HOST_DEVICE inline void appendColorChannelThread(const GridIndex& block, const GridIndex& blockSize, const GridIndex& thread,
-                                                       const kovis::gpu::LauncherInfo& info, unsigned long sizeC1,
-                                                       T1 const* const* in1, T2 const* const* in2, Tout* const* out)
+KOVIS_HOST_DEVICE inline void appendColorChannelThread(const GridIndex& block, const GridIndex& blockSize,
+                                                       const GridIndex& thread, const kovis::gpu::LauncherInfo& info,
+                                                       unsigned long sizeC1, T1 const* const* in1, T2 const* const* in2,
+                                                       Tout* const* out)
 {
     // 32 bits each, and only then wide.
     const unsigned long x = block.m_x * blockSize.m_x + thread.m_x;
