@@ -129,14 +129,18 @@ TEST_F(LightnessVerb, refusesMisuseInOneLine)
 
 TEST_F(LightnessVerb, runsTheFormThatIsAskedFor)
 {
+    // one pixel whose luminosity is rounded otherwise where its products are fused, and one whose is not
+    writeRow<std::uint8_t>(m_input, ElementType::eU8, 3, {143, 85, 161, 10, 20, 30});
     const Json kernels = Json::parse(runProgram({"kernels", "--json"}).out);
     for (const std::string form : {"generic", "sse2", "avx2", "avx512"})
     {
-        const ProgramRun run = lightness({"--isa", form, "--formula", "lightness"});
+        const ProgramRun run = lightness({"--isa", form, "--formula", "luminosity"});
         if (kernels["available"][form].get<bool>())
         {
-            EXPECT_EQ(run.exitCode, 0) << run.err;
+            ASSERT_EQ(run.exitCode, 0) << run.err;
             EXPECT_EQ(kernels["rows"]["LightnessImgLvl3"][form], 11) << form;
+            const std::uint8_t fused = form == "avx512" ? 102 : 103;
+            EXPECT_EQ(readSamples<std::uint8_t>(), (std::vector<std::uint8_t>{fused, 19})) << form;
         }
         else
         {
@@ -145,6 +149,29 @@ TEST_F(LightnessVerb, runsTheFormThatIsAskedFor)
         }
     }
     EXPECT_EQ(kernels["rows"]["LightnessImgLvl3"]["fma3"], 0);
+}
+
+TEST_F(LightnessVerb, runsAvxOnFloatsAlone)
+{
+    const Json kernels = Json::parse(runProgram({"kernels", "--json"}).out);
+    if (!kernels["available"]["avx"].get<bool>())
+    {
+        GTEST_SKIP() << "this computer has no avx";
+    }
+    EXPECT_EQ(kernels["rows"]["LightnessImgLvl3"]["avx"], 1);
+    ProgramRun run = lightness({"--isa", "avx"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(countLines(run.err), 1U) << run.err;
+    EXPECT_TRUE(contains(run.err, "u8") && contains(run.err, "AVX")) << run.err;
+    EXPECT_EQ(m_folder.getNames(), (std::vector<std::string>{"in.tif"}));
+
+    writeRow<float>(m_input, ElementType::eF32, 3, {648161.0F, 56446.0F, 299103.0F});
+    run = lightness({"--isa", "avx", "--formula", "luminosity"});
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_EQ(readSamples<float>(), (std::vector<float>{0x1.821e14p+17F})); // 0x48410f0a
+    run = lightness({"--isa", "avx", "--formula", "lightness"});
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_EQ(readSamples<float>(), (std::vector<float>{352303.5F}));
 }
 
 TEST_F(LightnessVerb, helpsWithExamples)
