@@ -3,7 +3,7 @@
 #include "KOVIS/KOVISImageProcessing/KernelTable.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/Kernel/LightnessKernels.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/LightnessImgLvl3.h"
-#include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/lightnessErrors.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/throwTooFewChannels.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/stripPlanes.h"
 
 // The kernels of LightnessImgLvl3 and their rows, for the units that register them. Plain x86-64 code in all of them: the

@@ -1,4 +1,4 @@
-#include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/lightnessErrors.h"
+#include "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/throwTooFewChannels.h"
 
 #include "KOVISIPL/KOVISIPLColor/throwColorText.h"
 
@@ -12,6 +12,6 @@ void throwTooFewChannels(unsigned long nbChannels)
                        std::to_string(nbChannels) + (nbChannels == 1 ? " channel" : " channels") +
                        ": give a strip of three channels, or another formula",
                    "void kovis::imaproc::color::details::throwTooFewChannels(unsigned long)",
-                   "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/lightnessErrors", __LINE__);
+                   "KOVISIPL/KOVISIPLColor/Processor/LightnessImg/throwTooFewChannels", __LINE__);
 }
 } // namespace kovis::imaproc::color::details
