@@ -1,5 +1,5 @@
-// Colours that others have published, or that follow from published formulas, converted through the entry function and compared to
-// the digits printed. The spaces whose convention differs from the published one are in docs/conventions.md.
+// Colours that others have published, or that follow from published formulas, converted through the entry function and compared
+// to the digits printed. The spaces whose convention differs from the published one are in docs/conventions.md.
 
 #include "ConvertPixel.h"
 

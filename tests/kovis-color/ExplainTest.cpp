@@ -143,12 +143,12 @@ TEST(Explain, misuseEndsWithTwoAndOneLine)
     }
     EXPECT_TRUE(contains(runProgram({"explain", "--from", "rgb", "--to", "lba"}).err, "did you mean 'lab'?"));
     const std::string longName(1000, 'q');
-    for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
-             {longName},
-             {"explain", "--from", longName, "--to", "lab"},
-             {"explain", "--from", "rgb", "--to", "lab", "--type", longName},
-             {"convert", "in.tif", "-o", "out.tif", "--to", "lab", "--isa", longName},
-             {"lightness", "in.tif", "-o", "out.tif", "--formula", longName}})
+    for (const std::vector<std::string>& arguments :
+         std::vector<std::vector<std::string>>{{longName},
+                                               {"explain", "--from", longName, "--to", "lab"},
+                                               {"explain", "--from", "rgb", "--to", "lab", "--type", longName},
+                                               {"convert", "in.tif", "-o", "out.tif", "--to", "lab", "--isa", longName},
+                                               {"lightness", "in.tif", "-o", "out.tif", "--formula", longName}})
     {
         const ProgramRun run = runProgram(arguments);
         EXPECT_EQ(run.exitCode, 2) << run.err;
@@ -201,8 +201,9 @@ TEST_F(ExplainedLoss, whatIsLostOnTheWayToAHueIsWhatIsTold)
     for (const char* to : {"hsv", "hls"})
     {
         EXPECT_TRUE(contains(loss("luv", to), "S becomes a whole number")) << to;
-        EXPECT_TRUE(contains(loss("luv", to), "NaN (of black) becomes 255 in the generic and sse2 forms and 0 in the avx2 and fma3 "
-                                              "forms (H becomes 0)"))
+        EXPECT_TRUE(contains(loss("luv", to),
+                             "NaN (of black) becomes 255 in the generic and sse2 forms and 0 in the avx2 and fma3 "
+                             "forms (H becomes 0)"))
             << to;
     }
     for (const char* from : {"xyz", "lab", "ycbcr", "ypbpr", "user"})
@@ -213,8 +214,8 @@ TEST_F(ExplainedLoss, whatIsLostOnTheWayToAHueIsWhatIsTold)
     for (const char* from : {"rgb", "rgba", "grey", "hls"})
         EXPECT_TRUE(contains(loss(from, "hsv"), "S becomes 0 or 1")) << from;
 
-    const auto getPixel = [this](const std::string& from, const std::string& to, const std::string& form,
-                                 const std::vector<float>& pixel)
+    const auto getPixel =
+        [this](const std::string& from, const std::string& to, const std::string& form, const std::vector<float>& pixel)
     {
         writeRow(m_input, ElementType::eF32, 3, pixel);
         const ProgramRun run = convert({"--from", from, "--to", to, "--type", "u8"}, "KOVIS_MAX_INSTRUCTION_SET=" + form);
@@ -226,7 +227,8 @@ TEST_F(ExplainedLoss, whatIsLostOnTheWayToAHueIsWhatIsTold)
         return found;
     };
     const Json available = Json::parse(runProgram({"kernels", "--json"}).out)["available"];
-    for (const auto& [form, nan] : std::vector<std::pair<std::string, int>>{{"generic", 255}, {"sse2", 255}, {"avx2", 0}, {"fma3", 0}})
+    for (const auto& [form, nan] :
+         std::vector<std::pair<std::string, int>>{{"generic", 255}, {"sse2", 255}, {"avx2", 0}, {"fma3", 0}})
     {
         if (!available[form].get<bool>())
             continue;

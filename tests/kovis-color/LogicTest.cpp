@@ -77,8 +77,9 @@ TEST(MatrixText, whatIsNoNumberIsNamed)
 {
     const TestFolder folder;
     EXPECT_NE(getErrorOf([] { readMatrix("1,2-3"); }).find("'2-3' is no number"), std::string::npos);
-    EXPECT_NE(getErrorOf([] { readMatrix("1," + std::string(1000, 'x')); }).find("'" + std::string(40, 'x') + "...' is no number"),
-              std::string::npos);
+    EXPECT_NE(
+        getErrorOf([] { readMatrix("1," + std::string(1000, 'x')); }).find("'" + std::string(40, 'x') + "...' is no number"),
+        std::string::npos);
     EXPECT_NE(getErrorOf([] { readMatrix(","); }).find("holds no number"), std::string::npos);
     EXPECT_NE(getErrorOf([] { readMatrix("1e99"); }).find("'1e99' is no number"), std::string::npos);
     std::ofstream(folder.getPath("nan.txt")) << "1 nan";

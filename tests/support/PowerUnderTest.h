@@ -3,8 +3,8 @@
 #include "KOVIS/KOVISSimd/Forms.h"
 #include "support/ModelForm.h"
 
-// The table power by itself, as the kernels use it, and its two steps that read tables. Declarations alone, as code outside target
-// regions sees them. Planes of count floats; count is a multiple of 32.
+// The table power by itself, as the kernels use it, and its two steps that read tables. Declarations alone, as code outside
+// target regions sees them. Planes of count floats; count is a multiple of 32.
 
 namespace kovis::test
 {

@@ -160,8 +160,8 @@ std::string describeTarget(eColorGeometryType from, eColorGeometryType to, bool 
     case image::eCGT_HLS:
         return "H 0 to 360 degrees, L on " + scale + ", S 0 to 1 only for samples from 0 to 1, negative where L is above 1";
     case image::eCGT_HSV:
-        return "H 0 to 360 degrees, S 0 to 1" +
-               std::string(reachesNegativeRgb(from) ? " where no R, G, B is negative" : "") + ", V on " + scale;
+        return "H 0 to 360 degrees, S 0 to 1" + std::string(reachesNegativeRgb(from) ? " where no R, G, B is negative" : "") +
+               ", V on " + scale;
     case image::eCGT_User:
         return "what the matrix makes of the samples";
     case image::eCGT_Rgba:
