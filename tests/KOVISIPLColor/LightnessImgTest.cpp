@@ -141,8 +141,9 @@ TEST(LightnessImg, WeighsThreeOfFourChannelsByANumberThatNamesNoFormula)
     const auto given = makeVariedImage<unsigned char>(test::makeColorGeometry(5, 4, eCGT_Grey, eIBT_UInt8));
     const auto run = [&] { lightnessImg(createImageUser2d(5, 4, 2, eIBT_UInt8), unknown, given); };
     EXPECT_THROW(run(), KOVISIPLColorException);
-    EXPECT_EQ(getError(run), "the luminosity reads channels 0 to 2 of the strip of LightnessImgLvl3, which has 2 channels: give a "
-                             "strip of three channels, or another formula");
+    EXPECT_EQ(getError(run),
+              "the luminosity reads channels 0 to 2 of the strip of LightnessImgLvl3, which has 2 channels: give a "
+              "strip of three channels, or another formula");
     test::expectVaried<unsigned char>(*given);
 }
 

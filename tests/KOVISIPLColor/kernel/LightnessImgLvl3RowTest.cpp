@@ -60,8 +60,8 @@ void expectRow(const ModelForm& form, int formula, unsigned long count, const Im
         }
         const T expected = i < reach ? modelLightness<T>(form, formula, channels) : static_cast<T>(99);
         const T found = planeData<T>(out)[i];
-        ASSERT_TRUE(sameValue(found, expected)) << "formula " << formula << ", count " << count << ", pixel " << i << ": "
-                                                << +found << " for " << +expected;
+        ASSERT_TRUE(sameValue(found, expected))
+            << "formula " << formula << ", count " << count << ", pixel " << i << ": " << +found << " for " << +expected;
     }
 }
 

@@ -59,9 +59,8 @@ struct LightnessCheck
         for (unsigned long i = 0; i < reach; ++i)
         {
             const Tin expected = modelLightness(form, formula, pixelOf(in, i));
-            ASSERT_TRUE(sameValue(out[0][i], expected))
-                << "formula " << formula << ", " << nbChannels << " channels, count " << count << ", pixel " << i << ": "
-                << +out[0][i] << " for " << +expected;
+            ASSERT_TRUE(sameValue(out[0][i], expected)) << "formula " << formula << ", " << nbChannels << " channels, count "
+                                                        << count << ", pixel " << i << ": " << +out[0][i] << " for " << +expected;
         }
     }
 };
