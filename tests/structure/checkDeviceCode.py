@@ -1,7 +1,8 @@
 """The colour module holds a kernel of the channel append for each of the 343 triples of pixel types: machine code for every
 architecture that the build names, and PTX for the newest. Read back from the library itself, without the toolkit's tools.
 
-Arguments: the library; the architectures, as 52;75; the one of the PTX. Without architectures there is nothing to look at."""
+Arguments: the library; the architectures, as 52;75; the one of the PTX. Without the last two, device code was left out: there
+is nothing to look at."""
 
 import itertools
 import re
@@ -45,7 +46,7 @@ def kernels_of_elf(image):
     return [flags & 0xFF, flags >> 8 & 0xFF], found
 
 
-def main(path, architectures, ptx):
+def main(path, architectures="", ptx=""):
     if not architectures:
         print("skipped: device code was left out of this build")
         return 77
