@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <functional>
 #include <sstream>
 #include <streambuf>
@@ -80,6 +81,26 @@ private:
     const std::string m_piece;
     const unsigned long m_nbPieces;
     std::string m_current;
+};
+
+/// Gives a few characters, and then fails as files do.
+class FailingBuffer : public std::streambuf
+{
+protected:
+    int_type underflow() override
+    {
+        if (m_bGiven)
+        {
+            throw std::ios_base::failure("the disk is gone");
+        }
+        m_bGiven = true;
+        setg(m_begin, m_begin, m_begin + sizeof m_begin);
+        return traits_type::to_int_type(m_begin[0]);
+    }
+
+private:
+    char m_begin[2] = {'[', '{'};
+    bool m_bGiven = false;
 };
 
 std::string getRefusalOfRepetition(const std::string& begin, const std::string& piece, unsigned long nbPieces,
@@ -253,6 +274,78 @@ TEST(HostileArchive, EndsBeforeItIsReadToItsEndWhereItHoldsTooMuch)
         items += ",\"" + std::to_string(i) + "\": 0";
     }
     EXPECT_NE(getRefusal(items).find("key \"65536\": more than 65536 items"), std::string::npos);
+}
+
+TEST(HostileArchive, EndsWithinATokenThatIsTooLong)
+{
+    const auto expectRefused = [](const std::string& begin, const std::string& piece, const std::string& what)
+    {
+        unsigned long nbRead = 0;
+        EXPECT_EQ(getRefusalOfRepetition(begin, piece, 1UL << 20, nbRead),
+                  "The archive holds too much at " + what + "; read it with higher limits if it can be trusted");
+        // escapes of six bytes for one, and a block that is read ahead
+        EXPECT_LT(nbRead * piece.size(), 6UL * 4097 + 2 * 4096) << begin << piece;
+    };
+    const std::string tooLong = "more than 4096 bytes in a name, key or text";
+    const std::string item = "[{\"section\": \"s\", \"items\": {\"k\": ";
+    const std::string place = "section \"s\", key \"k\": ";
+    expectRefused("[{\"section\": \"", "x", "section \"?\", key \"section\": " + tooLong);
+    expectRefused("[{\"", "x", "section \"?\": " + tooLong);
+    expectRefused(item + "\"", "x", place + tooLong);
+    expectRefused(item + "\"", "\\\"", place + tooLong);
+    expectRefused(item + "\"", "\\u0041", place + tooLong);
+    expectRefused(item + "\"\\\\", "]", place + tooLong);
+    expectRefused(item + "[\"", "x", place + tooLong);
+    for (const std::string number : {"1", "-1", "0.", "[0.1", "1e"})
+    {
+        expectRefused(item + number, "1", place + "more than 1024 bytes in a number");
+    }
+}
+
+TEST(HostileArchive, IsReadWithTokensAsLongAsTheLimits)
+{
+    const auto read = [](const std::string& value)
+    { return getRefusal("[{\"section\": \"s\", \"items\": {\"k\": " + value + "}}]"); };
+    const std::string good = "nothing was thrown";
+    std::string escapes;
+    for (int i = 0; i < 4096; ++i)
+    {
+        escapes += "\\u0041";
+    }
+    EXPECT_EQ(read('"' + escapes + '"'), good);
+    EXPECT_NE(read('"' + escapes + "x\""), good);
+    EXPECT_EQ(read("0." + std::string(1022, '1')), good);
+    EXPECT_NE(read("0." + std::string(1023, '1')), good);
+    // what stands between tokens is no part of one
+    std::string list = "[" + std::string(10000, ' ') + "1";
+    for (int i = 0; i < 5000; ++i)
+    {
+        list += "\n,\t2";
+    }
+    EXPECT_EQ(read(list + "]"), good);
+    EXPECT_EQ(read(std::string(100000, '\n') + "\"" + std::string(4096, ' ') + "\""), good);
+}
+
+TEST(HostileArchive, NamesThePlaceThatItsBytesEndAt)
+{
+    JsonArchiveLimits limits;
+    limits.m_maxBytes = 60;
+    EXPECT_EQ(
+        getRefusal("[{\"section\": \"s\", \"items\": {\"k\": 1" + std::string(60, ' '), limits),
+        "The archive holds too much at section \"s\", key \"k\": more than 60 bytes; read it with higher limits if it can be "
+        "trusted");
+}
+
+TEST(HostileArchive, IsRefusedWhereItsStreamFails)
+{
+    const std::string failed =
+        "The archive's stream cannot be read: see that its file exists and may be used, and that the disk has room";
+    FailingBuffer buffer;
+    std::istream stream(&buffer);
+    EXPECT_EQ(getRefusal([&stream] { const JsonIArchive archive(stream); }), failed);
+    std::ifstream directory("/");
+    ASSERT_TRUE(directory.good());
+    EXPECT_EQ(getRefusal([&directory] { const JsonIArchive archive(directory); }), failed);
 }
 
 TEST(HostileArchive, IsReadWithinHigherLimits)

@@ -1,52 +1,19 @@
 #include "KOVIS/KOVISSerialization/JsonTree.h"
 
 #include "KOVIS/KOVISSerialization/JsonNumber.h"
+#include "KOVIS/KOVISSerialization/JsonTextBuffer.h"
 #include "KOVIS/KOVISSerialization/JsonTreeBuilder.h"
 #include "KOVIS/KOVISSerialization/SerializationMessages.h"
 
 #include <nlohmann/json.hpp>
 
 #include <istream>
-#include <streambuf>
 
 namespace kovis::json
 {
 namespace
 {
 constexpr std::size_t g_maxQuoted = 100;
-
-/// The characters of another stream, up to a limit.
-class LimitedBuffer : public std::streambuf
-{
-public:
-    LimitedBuffer(std::streambuf& source, unsigned long maxBytes) : m_source(source), m_maxBytes(maxBytes) {}
-
-protected:
-    int_type underflow() override
-    {
-        const std::streamsize nbRead = m_source.sgetn(m_bytes, sizeof m_bytes);
-        if (nbRead <= 0)
-        {
-            return traits_type::eof();
-        }
-        m_nbBytes += static_cast<unsigned long>(nbRead);
-        if (m_nbBytes > m_maxBytes)
-        {
-            throwSerializationMessage(
-                eKOVISSerializationMessage::eSM_BeyondLimit,
-                SourcePlace{"virtual int kovis::json::LimitedBuffer::underflow()", "KOVIS/KOVISSerialization/JsonTree", __LINE__},
-                "its end", m_maxBytes, "bytes");
-        }
-        setg(m_bytes, m_bytes, m_bytes + nbRead);
-        return traits_type::to_int_type(m_bytes[0]);
-    }
-
-private:
-    std::streambuf& m_source;
-    unsigned long m_maxBytes;
-    unsigned long m_nbBytes = 0;
-    char m_bytes[4096];
-};
 } // namespace
 
 JsonSection readJsonTree(std::istream& stream, const JsonArchiveLimits& limits)
@@ -60,9 +27,9 @@ JsonSection readJsonTree(std::istream& stream, const JsonArchiveLimits& limits)
                                   "read");
     }
     const DefaultFloatEnvironment environment;
-    LimitedBuffer buffer(*stream.rdbuf(), limits.m_maxBytes);
-    std::istream limited(&buffer);
     JsonTreeBuilder builder(limits);
+    JsonTextBuffer buffer(*stream.rdbuf(), limits, builder);
+    std::istream limited(&buffer);
     nlohmann::json::sax_parse(limited, &builder);
     return builder.takeTree();
 }

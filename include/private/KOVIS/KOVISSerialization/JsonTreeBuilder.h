@@ -41,6 +41,9 @@ public:
         refuseText(error);
     }
 
+    /// Throws: the text holds more than that at the place that has been reached.
+    [[noreturn]] void refuseMore(unsigned long limit, const char* what) const;
+
 private:
     /// What the parser is in.
     enum class Place
@@ -65,7 +68,6 @@ private:
     /// Throws: this stands where something else is expected.
     [[noreturn]] void refuse(const std::string& found) const;
     [[noreturn]] void refuseText(const std::exception& error) const;
-    [[noreturn]] void refuseMore(unsigned long limit, const char* what) const;
     void count(unsigned long& counter, unsigned long limit, const char* what) const;
     void checkLength(const std::string& text) const;
     /// Keeps a value of an item. False outside the items.
