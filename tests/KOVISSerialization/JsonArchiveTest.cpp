@@ -8,6 +8,7 @@
 #include <bit>
 #include <cfenv>
 #include <cstdint>
+#include <fstream>
 #include <functional>
 #include <limits>
 #include <random>
@@ -344,6 +345,76 @@ TEST(JsonOArchive, TellsOfAStreamThatFails)
     input.setstate(std::ios::failbit);
     EXPECT_EQ(getRefusal([&] { const JsonIArchive read(input); }),
               "The archive's stream cannot be read: see that its file exists and may be used, and that the disk has room");
+}
+
+TEST(JsonOArchive, TellsOfAStreamThatThrows)
+{
+    const std::string failed =
+        "The archive's stream cannot be written: see that its file exists and may be used, and that the disk has room";
+    std::ofstream full("/dev/full");
+    full.exceptions(std::ios::badbit | std::ios::failbit);
+    JsonOArchive archive(full);
+    for (int i = 0; i < 2; ++i)
+    {
+        archive.beginSection(std::string(4096, 's'));
+        archive.beginSection(std::string(4096, 't'));
+        archive.endSection();
+        EXPECT_EQ(getRefusal([&] { archive.endSection(); }), "nothing was thrown");
+    }
+    EXPECT_EQ(getRefusal([&] { archive.finish(); }), failed);
+
+    std::ofstream shortText("/dev/full"); // fails when it is flushed
+    shortText.exceptions(std::ios::badbit | std::ios::failbit);
+    JsonOArchive empty(shortText);
+    EXPECT_EQ(getRefusal([&] { empty.finish(); }), failed);
+    full.exceptions(std::ios::goodbit); // not to throw when they are closed
+    shortText.exceptions(std::ios::goodbit);
+}
+
+TEST(JsonOArchive, KeepsToItsLimitsOfItemsAndSections)
+{
+    std::stringstream stream;
+    JsonOArchive archive(stream);
+    const unsigned long most = 65536;
+    {
+        const ArchiveSectionManager section(archive, "s");
+        for (unsigned long i = 0; i < most; ++i)
+        {
+            archive << SerializationOItem<unsigned long>{std::to_string(i), &i};
+        }
+        EXPECT_EQ(getRefusal(
+                      [&] {
+                          (archive << SerializationOItem<unsigned long>{"more", &most});
+                      }),
+                  "The archive cannot take section \"s\", key \"more\": an archive holds at most 65536 items");
+        for (unsigned long i = 1; i < most; ++i)
+        {
+            const ArchiveSectionManager inner(archive, "t");
+        }
+        EXPECT_EQ(getRefusal([&] { archive.beginSection("t"); }),
+                  "The archive cannot take section \"s\": an archive holds at most 65536 sections");
+    }
+    archive.finish();
+    EXPECT_EQ(stream.str().find("[\n{\n \"section\": \"s\",\n \"items\": {\n  \"0\": 0,\n  \"1\": 1,"), 0U);
+    JsonIArchive reader(stream);
+    const ArchiveSectionManager section(reader, "s");
+    for (unsigned long i = 0; i < most; ++i)
+    {
+        unsigned long read = most;
+        reader >> SerializationIItem<unsigned long>{std::to_string(i), &read};
+        ASSERT_EQ(read, i);
+    }
+}
+
+TEST(JsonOArchive, TakesNothingOnceItIsFinished)
+{
+    std::ostringstream stream;
+    JsonOArchive archive(stream);
+    archive.finish();
+    EXPECT_EQ(getRefusal([&] { archive.beginSection("s"); }),
+              "The archive is used wrongly: a section is to be written to an archive that is finished; finish it last");
+    archive.finish();
+    EXPECT_EQ(stream.str(), "[]\n");
 }
 
 TEST(JsonOArchive, EndsItsTextWhenItIsDestroyed)

@@ -7,8 +7,9 @@
 
 #include <nlohmann/json.hpp>
 
+#include <ios>
 #include <ostream>
-#include <type_traits>
+#include <unordered_set>
 #include <vector>
 
 namespace kovis
@@ -64,25 +65,39 @@ bool isUtf8(const std::string& text)
 
 struct JsonOArchive::Text
 {
+    /// A section that is being written, and the keys of its items: an ordered object looks for a key from its first one on.
+    struct Open
+    {
+        ordered_json m_section;
+        std::unordered_set<std::string> m_keys;
+    };
+    /// Why a section did not go out.
+    enum class Loss
+    {
+        none,
+        tooLong,
+        notWritten
+    };
+
     explicit Text(std::ostream& stream) : m_stream(stream) {}
 
     std::ostream& m_stream;
-    std::vector<ordered_json> m_open; ///< sections, outermost first
+    std::vector<Open> m_open; ///< sections, outermost first
     JsonArchiveLimits m_limits;
     unsigned long m_nbSections = 0;
     unsigned long m_nbItems = 0;
     unsigned long m_nbNumbers = 0;
     unsigned long m_nbBytes = 0;
-    bool m_bLost = false; ///< a section that did not go out
+    Loss m_loss = Loss::none;
     bool m_bBegun = false;
     bool m_bFinished = false;
 
     std::string getPlace(const std::string& key) const
     {
         std::vector<std::string> names;
-        for (const ordered_json& section : m_open)
+        for (const Open& open : m_open)
         {
-            names.push_back(section[json::g_sectionKey].get<std::string>());
+            names.push_back(open.m_section[json::g_sectionKey].get<std::string>());
         }
         return json::describePlace(names, key);
     }
@@ -130,17 +145,38 @@ struct JsonOArchive::Text
     // finish tells of what did not go out.
     void emit(const ordered_json& section)
     {
-        m_bLost = true;
+        m_loss = Loss::notWritten;
         const std::string words = section.dump(g_indentation);
         constexpr unsigned long separators = 8; // begin, end, and what stands between sections
         if (words.size() + separators > m_limits.m_maxBytes - m_nbBytes)
         {
+            m_loss = Loss::tooLong;
             return;
         }
         m_nbBytes += words.size() + separators;
-        m_stream << (m_bBegun ? ",\n" : "[\n") << words;
-        m_bBegun = true;
-        m_bLost = false;
+        if (put((m_bBegun ? ",\n" : "[\n") + words, false))
+        {
+            m_bBegun = true;
+            m_loss = Loss::none;
+        }
+    }
+
+    /// False for a stream that has failed, whichever way it tells.
+    bool put(const std::string& words, bool bFlush)
+    {
+        try
+        {
+            m_stream << words;
+            if (bFlush)
+            {
+                m_stream.flush();
+            }
+        }
+        catch (const std::ios_base::failure&)
+        {
+            return false;
+        }
+        return m_stream.good();
     }
 };
 
@@ -173,7 +209,7 @@ void JsonOArchive::beginSection(const std::string& sectionName)
     text.count(text.m_nbSections, 1, text.m_limits.m_maxSections, std::string(), "sections");
     ordered_json section;
     section[json::g_sectionKey] = sectionName;
-    text.m_open.push_back(std::move(section));
+    text.m_open.push_back({std::move(section), {}});
 }
 
 void JsonOArchive::endSection()
@@ -183,18 +219,18 @@ void JsonOArchive::endSection()
     {
         text.refuseUse("a section is to be closed, and none is open", "use ArchiveSectionManager");
     }
-    ordered_json section = std::move(text.m_open.back());
+    ordered_json section = std::move(text.m_open.back().m_section);
     text.m_open.pop_back();
     if (text.m_open.empty())
     {
-        if (!text.m_bLost)
+        if (text.m_loss == Text::Loss::none)
         {
             text.emit(section);
         }
     }
     else
     {
-        text.m_open.back()[json::g_sectionsKey].push_back(std::move(section));
+        text.m_open.back().m_section[json::g_sectionsKey].push_back(std::move(section));
     }
 }
 
@@ -215,13 +251,14 @@ void JsonOArchive::writeItem(const std::string& key, const ArchiveValue& value)
         text.count(text.m_nbNumbers, numbers->size(), text.m_limits.m_maxNumbers, key, "numbers in lists");
     }
     text.count(text.m_nbItems, 1, text.m_limits.m_maxItems, key, "items");
-    ordered_json& items = text.m_open.back()[json::g_itemsKey];
-    if (items.contains(key))
+    Text::Open& open = text.m_open.back();
+    if (!open.m_keys.insert(key).second)
     {
         text.refuse(key, "the key stands there already");
     }
     const json::DefaultFloatEnvironment environment;
-    items[key] = std::visit([](const auto& kind) { return toJson(kind); }, value);
+    ordered_json& items = open.m_section.emplace(json::g_itemsKey, ordered_json::object()).first.value();
+    items.get_ref<ordered_json::object_t&>().emplace_back(key, std::visit([](const auto& kind) { return toJson(kind); }, value));
 }
 
 void JsonOArchive::finish()
@@ -236,13 +273,11 @@ void JsonOArchive::finish()
     {
         text.refuseUse("it is to be finished while " + text.getPlace(std::string()) + " is open", "close all sections first");
     }
-    if (text.m_bLost)
+    if (text.m_loss == Text::Loss::tooLong)
     {
         text.refuse(std::string(), "its text has at most " + std::to_string(text.m_limits.m_maxBytes) + " bytes");
     }
-    text.m_stream << (text.m_bBegun ? "\n]\n" : "[]\n");
-    text.m_stream.flush();
-    if (!text.m_stream)
+    if (text.m_loss != Text::Loss::none || !text.put(text.m_bBegun ? "\n]\n" : "[]\n", true))
     {
         throwSerializationMessage(eKOVISSerializationMessage::eSM_StreamFailed,
                                   SourcePlace{"void kovis::JsonOArchive::finish()", g_file, __LINE__}, "written");
