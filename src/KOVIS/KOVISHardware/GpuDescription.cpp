@@ -56,11 +56,16 @@ const std::vector<GpuDescription::Device>& GpuDescription::askDevices() const
 const GpuDescription::Device& GpuDescription::getDevice(int device, const char* function) const
 {
     const std::vector<Device>& devices = askDevices();
+    const SourcePlace place{function, "KOVIS/KOVISHardware/GpuDescription.cpp", __LINE__};
+    if (devices.empty())
+    {
+        throwMessage<KOVISHardwareException>(getKOVISHardwareLogMessageManager(), getKOVISHardwareLogger(),
+                                             eKOVISHardwareMessage::eHM_NoDevice, place, m_reasonForNone);
+    }
     if (device < 0 || static_cast<std::size_t>(device) >= devices.size())
     {
-        throwMessage<KOVISHardwareException>(
-            getKOVISHardwareLogMessageManager(), getKOVISHardwareLogger(), eKOVISHardwareMessage::eHM_NoSuchDevice,
-            SourcePlace{function, "KOVIS/KOVISHardware/GpuDescription.cpp", __LINE__}, device, devices.size());
+        throwMessage<KOVISHardwareException>(getKOVISHardwareLogMessageManager(), getKOVISHardwareLogger(),
+                                             eKOVISHardwareMessage::eHM_NoSuchDevice, place, device, devices.size());
     }
     return devices[static_cast<std::size_t>(device)];
 }

@@ -8,6 +8,7 @@ namespace
 {
 constexpr MessageText g_texts[] = {
     {eKOVISHardwareMessage::eHM_NoSuchDevice, "There is no GPU %d: this computer has %d usable GPUs, counted from 0"},
+    {eKOVISHardwareMessage::eHM_NoDevice, "There is no usable GPU: %s"},
 };
 
 constinit MessageTable g_table("KOVISHardware", "N5kovis4hard21eKOVISHardwareMessage6domainE", g_texts);

@@ -16,7 +16,8 @@ struct eKOVISHardwareMessage
 {
     enum domain
     {
-        eHM_NoSuchDevice = 0 ///< device index, number of devices
+        eHM_NoSuchDevice = 0, ///< device index, number of devices
+        eHM_NoDevice = 1      ///< reason
     };
 };
 } // namespace kovis::hard
