@@ -7,6 +7,11 @@ set(KOVIS_CUDA_ARCHITECTURES "" CACHE STRING
     "Architectures to build device code for, as 75;90; empty for those from 52 to 75 that the toolkit knows. PTX goes with the newest")
 set(KOVIS_CUDA_HOST_COMPILER "" CACHE FILEPATH "C++ compiler that nvcc works with; empty for g++")
 
+# Uncompressed, so that what a library holds can be read back from it. CUDA 12 calls its oldest architectures deprecated: they are
+# wanted all the same.
+set(KOVIS_NVCC_FLAGS -std=c++17 -O2 --no-compress -Wno-deprecated-gpu-targets
+                     "-Xcompiler=-fPIC,-fvisibility=hidden,-fno-gnu-unique,-Wall,-Wextra")
+
 # Sets KOVIS_CUDA_PROBLEM to what keeps the toolkit from being used, or to nothing, and all that the build needs of it.
 function(kovis_find_cuda)
     set(KOVIS_CUDA_PROBLEM "" PARENT_SCOPE)
@@ -64,12 +69,13 @@ function(kovis_find_cuda)
     endforeach()
 
     # A toolkit that does not get along with the host compiler is as good as none. Asked once for each choice.
-    set(question "${CUDAToolkit_NVCC_EXECUTABLE} ${CUDAToolkit_VERSION} ${hostCompiler} ${chosen}")
+    set(question "${CUDAToolkit_NVCC_EXECUTABLE} ${CUDAToolkit_VERSION} ${hostCompiler} ${KOVIS_NVCC_FLAGS} ${chosen}")
     if(NOT KOVIS_CUDA_TRIED STREQUAL question)
         set(probe "${PROJECT_BINARY_DIR}/CMakeFiles/kovisCudaProbe")
         file(WRITE "${probe}.cu" "__global__ void probe(int* p) { *p = 1; }\nvoid launch(int* p) { probe<<<1, 1>>>(p); }\n")
         execute_process(
-            COMMAND "${CUDAToolkit_NVCC_EXECUTABLE}" -std=c++17 -ccbin "${hostCompiler}" ${codes} -c "${probe}.cu" -o "${probe}.o"
+            COMMAND "${CUDAToolkit_NVCC_EXECUTABLE}" ${KOVIS_NVCC_FLAGS} -ccbin "${hostCompiler}" ${codes} -c "${probe}.cu" -o
+                    "${probe}.o"
             RESULT_VARIABLE status OUTPUT_VARIABLE said ERROR_VARIABLE said)
         if(NOT status EQUAL 0)
             string(REGEX REPLACE "\n.*" "" said "${said}")
@@ -95,10 +101,8 @@ function(kovis_add_device_code target source)
     set(object "${CMAKE_CURRENT_BINARY_DIR}/${name}.o")
     add_custom_command(
         OUTPUT "${object}"
-        # Uncompressed, so that what the library holds can be read back from it.
-        COMMAND "${KOVIS_NVCC}" -std=c++17 -O2 -ccbin "${KOVIS_NVCC_HOST_COMPILER}" ${KOVIS_NVCC_CODES} --no-compress
-                "-Xcompiler=-fPIC,-fvisibility=hidden,-fno-gnu-unique,-Wall,-Wextra" "-I${PROJECT_SOURCE_DIR}/include/public"
-                "-I${PROJECT_SOURCE_DIR}/include/private" -MD -MT "${object}" -MF "${object}.d" -c
+        COMMAND "${KOVIS_NVCC}" ${KOVIS_NVCC_FLAGS} -ccbin "${KOVIS_NVCC_HOST_COMPILER}" ${KOVIS_NVCC_CODES}
+                "-I${PROJECT_SOURCE_DIR}/include/public" "-I${PROJECT_SOURCE_DIR}/include/private" -MD -MT "${object}" -MF "${object}.d" -c
                 "${CMAKE_CURRENT_SOURCE_DIR}/${source}" -o "${object}"
         DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${source}"
         DEPFILE "${object}.d"
