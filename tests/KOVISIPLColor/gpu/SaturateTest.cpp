@@ -170,6 +170,19 @@ TEST(AppendGrid, NeverShrinksToFit)
     info.m_sizeT = 1;
     EXPECT_EQ(0xFFFFFFFFU, getAppendGrid(info).m_grid.m_x);
     EXPECT_EQ(0xFFFFFFFFU, getAppendGrid(info).m_grid.m_z);
+    // Products that would wrap, in either multiplication, and a rounding up that would.
+    info.m_blockSize2d = 16;
+    info.m_sizeX = info.m_sizeY = ~0UL;
+    info.m_sizeZ = 0x100000000UL;
+    info.m_sizeC = 1;
+    info.m_sizeT = 0x100000000UL;
+    EXPECT_EQ(0xFFFFFFFFU, getAppendGrid(info).m_grid.m_x);
+    EXPECT_EQ(0xFFFFFFFFU, getAppendGrid(info).m_grid.m_y);
+    EXPECT_EQ(0xFFFFFFFFU, getAppendGrid(info).m_grid.m_z);
+    info.m_sizeC = 0x100000000UL;
+    EXPECT_EQ(0xFFFFFFFFU, getAppendGrid(info).m_grid.m_z);
+    info.m_sizeT = 0;
+    EXPECT_EQ(0U, getAppendGrid(info).m_grid.m_z);
 }
 } // namespace
 } // namespace kovis::imaproc::color::gpu

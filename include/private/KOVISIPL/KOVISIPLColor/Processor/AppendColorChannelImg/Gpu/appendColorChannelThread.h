@@ -21,11 +21,30 @@ struct AppendGrid
     GridIndex m_block; ///< in threads
 };
 
-/// A size of a grid in the 32 bits that there are. What does not fit becomes the greatest number, which no device takes, instead
-/// of a smaller grid that would leave pixels out.
+// What does not fit the 32 bits of a grid's sizes becomes the greatest number, which no device takes, instead of a smaller grid
+// that would leave pixels out.
+constexpr unsigned int g_noGridSize = 0xFFFFFFFFU;
+
 inline unsigned int toGridSize(unsigned long size)
 {
-    return size > 0xFFFFFFFFUL ? 0xFFFFFFFFU : static_cast<unsigned int>(size);
+    return size > g_noGridSize ? g_noGridSize : static_cast<unsigned int>(size);
+}
+
+/// The blocks of that side that cover so many pixels: the quotient, rounded up.
+inline unsigned int toNbBlocks(unsigned long nbPixels, unsigned long side)
+{
+    return toGridSize(nbPixels / side + (nbPixels % side != 0 ? 1 : 0));
+}
+
+/// The planes of an image. A size of 0 makes it 0, however great the others are.
+inline unsigned int toNbPlanes(unsigned long sizeZ, unsigned long sizeC, unsigned long sizeT)
+{
+    if (sizeZ == 0 || sizeC == 0 || sizeT == 0)
+    {
+        return 0;
+    }
+    constexpr unsigned long end = ~0UL;
+    return sizeZ > end / sizeC || sizeZ * sizeC > end / sizeT ? g_noGridSize : toGridSize(sizeZ * sizeC * sizeT);
 }
 
 /// Square blocks over the plane, and a layer of them for each plane of the image. The side of a block must not be 0.
@@ -33,9 +52,9 @@ inline AppendGrid getAppendGrid(const kovis::gpu::LauncherInfo& info)
 {
     const unsigned long side = static_cast<unsigned int>(info.m_blockSize2d) & 0xFFFFU;
     AppendGrid grid;
-    grid.m_grid.m_x = toGridSize((info.m_sizeX + side - 1) / side);
-    grid.m_grid.m_y = toGridSize((info.m_sizeY + side - 1) / side);
-    grid.m_grid.m_z = toGridSize(info.m_sizeZ * info.m_sizeC * info.m_sizeT);
+    grid.m_grid.m_x = toNbBlocks(info.m_sizeX, side);
+    grid.m_grid.m_y = toNbBlocks(info.m_sizeY, side);
+    grid.m_grid.m_z = toNbPlanes(info.m_sizeZ, info.m_sizeC, info.m_sizeT);
     grid.m_block.m_x = static_cast<unsigned int>(side);
     grid.m_block.m_y = static_cast<unsigned int>(side);
     grid.m_block.m_z = 1;
