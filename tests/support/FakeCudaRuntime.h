@@ -36,7 +36,7 @@ public:
     void failNowhere() { m_failing.clear(); }
     std::size_t getNbAllocated() const { return m_memory.size(); }
 
-    std::vector<gpu::DeviceProperties> m_devices = {{"Fake", 7, 5, 3, 1024, 1024}};
+    std::vector<gpu::DeviceProperties> m_devices = {{"Fake", 7, 5, 3, 2048, 1024}};
     int m_device = 0;
     std::string m_calls; ///< names of the calls, one after the other
 

@@ -30,20 +30,22 @@ protected:
         EXPECT_EQ(0U, m_runtime.getNbAllocated());
     }
 
-    static boost::shared_ptr<image::BaseImage> makeImage()
+    static boost::shared_ptr<image::BaseImage> makeImage(unsigned long nbChannels)
     {
-        return image::createImage2d(30, 20, image::eCGT_Rgb, image::eIBT_Real);
+        image::ColorGeometry color;
+        color.initUser(nbChannels);
+        image::HomogeneousImageGeometry geometry;
+        geometry.init(image::VolumeGeometry(2), color, image::TemporalGeometry(3), 30, 20, image::eIBT_Real);
+        return image::createImage(geometry);
     }
 
     static void run()
     {
-        const auto gpu = image::uploadImage(*makeImage());
         const auto processor = boost::make_shared<AppendColorChannelImgGpuLvl3>();
         processor->init(processor::ePRP_Rules);
-        processor->set<attr::InSubGpuImg1>(gpu);
-        processor->set<attr::InSubGpuImg2>(gpu);
-        processor->set<attr::OutSubGpuImg>(
-            image::createCudaImage(image::createImageUser2d(30, 20, 6, image::eIBT_Real)->getGeometry()));
+        processor->set<attr::InSubGpuImg1>(image::uploadImage(*makeImage(4)));
+        processor->set<attr::InSubGpuImg2>(image::uploadImage(*makeImage(1)));
+        processor->set<attr::OutSubGpuImg>(image::createCudaImage(makeImage(5)->getGeometry()));
         processor::executeSyncRun(processor);
     }
 
@@ -68,15 +70,17 @@ TEST_F(EmulatedGpu, LaunchersAreToldOfTheDeviceAndTheOutput)
     run();
     const gpu::LauncherInfo& info = test::getEmulatedLaunch().m_info;
     EXPECT_EQ(3, info.m_nbMultiProcessors);
-    EXPECT_EQ(1024, info.m_maxThreadsPerMultiProcessor);
+    EXPECT_EQ(2048, info.m_maxThreadsPerMultiProcessor);
     EXPECT_EQ(1024, info.m_maxThreadsPerBlock);
     EXPECT_EQ(16, info.m_blockSize2d);
     EXPECT_EQ(0, info.m_reservedValue);
     EXPECT_EQ(30U, info.m_sizeX);
     EXPECT_EQ(20U, info.m_sizeY);
-    EXPECT_EQ(1U, info.m_sizeZ);
-    EXPECT_EQ(6U, info.m_sizeC);
-    EXPECT_EQ(1U, info.m_sizeT);
+    EXPECT_EQ(2U, info.m_sizeZ);
+    EXPECT_EQ(5U, info.m_sizeC);
+    EXPECT_EQ(3U, info.m_sizeT);
+    EXPECT_EQ(4U, test::getEmulatedLaunch().m_sizeC1);
+    EXPECT_EQ(1U, test::getEmulatedLaunch().m_sizeC2);
 }
 
 TEST_F(EmulatedGpu, EveryCallThatFailsEndsTheRunInItsOwnWords)
@@ -122,9 +126,9 @@ TEST_F(EmulatedGpu, AnImageInHostMemoryIsRefusedByLevel3)
 {
     const auto processor = boost::make_shared<AppendColorChannelImgGpuLvl3>();
     processor->init(processor::ePRP_Rules);
-    processor->set<attr::InSubGpuImg1>(makeImage());
-    processor->set<attr::InSubGpuImg2>(makeImage());
-    processor->set<attr::OutSubGpuImg>(makeImage());
+    processor->set<attr::InSubGpuImg1>(makeImage(1));
+    processor->set<attr::InSubGpuImg2>(makeImage(1));
+    processor->set<attr::OutSubGpuImg>(makeImage(2));
     EXPECT_THAT(getError([&] { processor::executeSyncRun(processor); }), HasSubstr("uploadImage"));
 }
 

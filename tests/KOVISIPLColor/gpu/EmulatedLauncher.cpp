@@ -18,10 +18,12 @@ namespace kovis::imaproc::color::gpu
 {
 template <class T1, class T2, class Tout>
 kovis::gpu::CudaResult AppendColorChannelImg_knlLauncher(kovis::gpu::LauncherInfo const* info, unsigned long sizeC1,
-                                                         unsigned long, T1 const** in1, T2 const** in2, Tout** out)
+                                                         unsigned long sizeC2, T1 const** in1, T2 const** in2, Tout** out)
 {
     test::EmulatedLaunch& launch = test::getEmulatedLaunch();
     launch.m_info = *info;
+    launch.m_sizeC1 = sizeC1;
+    launch.m_sizeC2 = sizeC2;
     ++launch.m_nbLaunches;
     if (launch.m_failure != nullptr)
     {

@@ -8,6 +8,8 @@ namespace kovis::test
 struct EmulatedLaunch
 {
     gpu::LauncherInfo m_info;
+    unsigned long m_sizeC1 = 0;
+    unsigned long m_sizeC2 = 0;
     int m_nbLaunches = 0;
     const char* m_failure = nullptr;
 };

@@ -144,6 +144,11 @@ protected:
         return processor;
     }
 
+    static boost::shared_ptr<test::SpyImage> makeSpy(bool bOnGpu)
+    {
+        return boost::make_shared<test::SpyImage>(makeImage(Sizes(), 1, 7)->getGeometry(), bOnGpu);
+    }
+
     static processor::RetrievalResult tryLaunch(const boost::shared_ptr<AppendColorChannelImgLvl2>& processor,
                                                 core::ActionProviderPtr& provider)
     {
@@ -244,14 +249,27 @@ TEST_F(GpuRoad, OneImageInHostMemoryIsReasonEnoughAgainst)
     }
 }
 
+TEST_F(GpuRoad, NothingIsAskedAfterTheFirstImageInHostMemory)
+{
+    const auto first = makeSpy(true);
+    const auto second = makeSpy(false);
+    const auto third = makeSpy(true);
+    core::ActionProviderPtr provider;
+    EXPECT_EQ(1, tryLaunch(makeLevel2(first, second, third), provider).getStatus());
+    EXPECT_EQ(1, first->m_nbQuestions);
+    EXPECT_EQ(1, second->m_nbQuestions);
+    EXPECT_EQ(0, third->m_nbQuestions);
+}
+
 TEST_F(GpuRoad, SupportThatIsSwitchedOffIsReasonEnoughAgainst)
 {
     EXPECT_TRUE(core::isGpuSupportActivated());
     core::setGpuSupportActivated(false);
     EXPECT_FALSE(core::isGpuSupportActivated());
-    const ImagePtr gpu = image::uploadImage(*makeImage(Sizes(), 1, 7));
+    const auto spy = makeSpy(true);
     core::ActionProviderPtr provider;
-    EXPECT_EQ(1, tryLaunch(makeLevel2(gpu, gpu, gpu), provider).getStatus());
+    EXPECT_EQ(1, tryLaunch(makeLevel2(spy, spy, spy), provider).getStatus());
+    EXPECT_EQ(0, spy->m_nbQuestions);
     // No attribute is looked at: there are none before init.
     EXPECT_EQ(1, tryLaunch(boost::make_shared<AppendColorChannelImgLvl2>(), provider).getStatus());
     EXPECT_FALSE(provider);

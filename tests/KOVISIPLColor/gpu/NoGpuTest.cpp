@@ -47,6 +47,28 @@ protected:
     }
 };
 
+/// Where the runtime itself lists no device: one that there is no code for is in nobody's way.
+class NoDevice : public NoGpu
+{
+protected:
+    void SetUp() override
+    {
+        NoGpu::SetUp();
+        int nbDevices = 0;
+        if (!IsSkipped() && kovis::gpu::CudaRuntime::getInstance().countDevices(nbDevices) && nbDevices > 0)
+        {
+            GTEST_SKIP() << "this computer has a GPU that there is no code for";
+        }
+    }
+
+    static boost::shared_ptr<image::CudaImage> makeStandIn()
+    {
+        static float g_memory[4] = {};
+        return boost::make_shared<image::CudaImage>(image::createImage2d(2, 2, image::eCGT_Grey, image::eIBT_Real)->getGeometry(),
+                                                    std::vector<void*>{g_memory}, boost::shared_ptr<const void>());
+    }
+};
+
 TEST_F(NoGpu, SupportIsOff)
 {
     EXPECT_FALSE(core::isGpuSupportActivated());
@@ -57,27 +79,27 @@ TEST_F(NoGpu, SupportIsOff)
 
 TEST_F(NoGpu, TheRoadIsNotTakenAndNoAttributeIsLookedAt)
 {
-    // Before init there are no attributes that could be looked at; afterwards one that says it lies on a GPU is no reason for.
+    // Before init there are no attributes that could be looked at.
     AppendColorChannelImgLvl2 processor;
     core::ActionProviderPtr provider;
     processor::RetrievalResult result = processor.tryToLaunchGpuProcess(core::BasePriority(), provider);
     EXPECT_EQ(1, static_cast<int>(result.getStatus()));
     EXPECT_EQ("", result.getMessage());
     processor.init(processor::ePRP_Rules);
-    float memory[4] = {};
-    const auto geometry = image::createImage2d(2, 2, image::eCGT_Grey, image::eIBT_Real)->getGeometry();
-    const auto standIn =
-        boost::make_shared<image::CudaImage>(geometry, std::vector<void*>{memory}, boost::shared_ptr<const void>());
-    processor.set<attr::InSubColorImg2d1>(standIn);
-    processor.set<attr::InSubColorImg2d2>(image::createImage(geometry));
-    processor.set<attr::OutColorImg>(standIn);
+    const auto spy =
+        boost::make_shared<test::SpyImage>(image::createImage2d(2, 2, image::eCGT_Grey, image::eIBT_Real)->getGeometry(), true);
+    processor.set<attr::InSubColorImg2d1>(spy);
+    processor.set<attr::InSubColorImg2d2>(spy);
+    processor.set<attr::OutColorImg>(spy);
+    const int nbQuestions = spy->m_nbQuestions;
     result = processor.tryToLaunchGpuProcess(core::BasePriority(), provider);
     EXPECT_EQ(1, static_cast<int>(result.getStatus()));
     EXPECT_EQ("", result.getMessage());
     EXPECT_FALSE(provider);
+    EXPECT_EQ(nbQuestions, spy->m_nbQuestions);
 }
 
-TEST_F(NoGpu, EveryCallFailsInTheWordsOfTheRuntime)
+TEST_F(NoDevice, EveryCallFailsInTheWordsOfTheRuntime)
 {
     const std::string text = getRuntimeText();
     EXPECT_NE("no error", text);
@@ -87,8 +109,9 @@ TEST_F(NoGpu, EveryCallFailsInTheWordsOfTheRuntime)
     char bytes[8] = {};
     kovis::gpu::DeviceProperties properties;
     for (const kovis::gpu::CudaResult& result :
-         {runtime.countDevices(number), runtime.readProperties(0, properties), runtime.setDevice(0), runtime.allocate(8, pMemory),
-          runtime.fillWithZeros(bytes, 8), runtime.copyToDevice(bytes, bytes, 8), runtime.copyToHost(bytes, bytes, 8)})
+         {runtime.countDevices(number), runtime.readProperties(0, properties), runtime.getDevice(number), runtime.setDevice(0),
+          runtime.allocate(8, pMemory), runtime.release(bytes), runtime.fillWithZeros(bytes, 8),
+          runtime.copyToDevice(bytes, bytes, 8), runtime.copyToHost(bytes, bytes, 8)})
     {
         EXPECT_FALSE(result.m_bSuccess);
         EXPECT_EQ(text, result.m_text);
@@ -96,7 +119,7 @@ TEST_F(NoGpu, EveryCallFailsInTheWordsOfTheRuntime)
     EXPECT_EQ(text, test::getGpus().getReasonForNone());
 }
 
-TEST_F(NoGpu, ALaunchFailsInTheWordsOfTheRuntime)
+TEST_F(NoDevice, ALaunchFailsInTheWordsOfTheRuntime)
 {
     kovis::gpu::LauncherInfo info;
     info.m_blockSize2d = 16;
@@ -107,7 +130,39 @@ TEST_F(NoGpu, ALaunchFailsInTheWordsOfTheRuntime)
     EXPECT_EQ(getRuntimeText(), result.m_text);
 }
 
-TEST_F(NoGpu, ImagesCannotBeMadeAndTheReasonIsTold)
+TEST_F(NoDevice, Level3TellsTheReason)
+{
+    const auto processor = boost::make_shared<AppendColorChannelImgGpuLvl3>();
+    processor->init(processor::ePRP_Rules);
+    processor->set<attr::InSubGpuImg1>(makeStandIn());
+    processor->set<attr::InSubGpuImg2>(makeStandIn());
+    processor->set<attr::OutSubGpuImg>(makeStandIn());
+    try
+    {
+        processor::executeSyncRun(processor);
+        FAIL() << "nothing was thrown";
+    }
+    catch (const BaseException& e)
+    {
+        EXPECT_EQ("There is no usable GPU: " + getRuntimeText(), e.what());
+    }
+}
+
+// What the build holds code for stands in the build, not in the computer.
+TEST(DeviceCode, CoversItsArchitecturesAndLaterDevices)
+{
+    kovis::gpu::CudaRuntime& runtime = kovis::gpu::CudaRuntime::getInstance();
+    EXPECT_FALSE(runtime.hasCodeFor(1, 0));
+#ifdef KOVIS_CUDA_PTX_ARCHITECTURE
+    EXPECT_TRUE(runtime.hasCodeFor(KOVIS_CUDA_PTX_ARCHITECTURE / 10, KOVIS_CUDA_PTX_ARCHITECTURE % 10));
+    EXPECT_TRUE(runtime.hasCodeFor(99, 0));
+#else
+    EXPECT_FALSE(runtime.hasCodeFor(7, 5));
+    EXPECT_FALSE(runtime.hasCodeFor(99, 0));
+#endif
+}
+
+TEST_F(NoDevice, ImagesCannotBeMadeAndTheReasonIsTold)
 {
     const auto host = image::createImage2d(2, 2, image::eCGT_Grey, image::eIBT_Real);
     for (const bool bUpload : {true, false})
