@@ -366,7 +366,7 @@ TEST(KOVISBaseImageToolsLog, namesAndTexts)
 {
     EXPECT_EQ("KOVIS.KOVISBaseImageTools", tools::getKOVISBaseImageToolsLogger().getName());
     EXPECT_EQ("KOVISBaseImageTools", tools::getKOVISBaseImageToolsLogMessageManager().getName());
-    EXPECT_EQ(2ul, tools::getKOVISBaseImageToolsLogMessageManager().getNbMessages(
+    EXPECT_EQ(3ul, tools::getKOVISBaseImageToolsLogMessageManager().getNbMessages(
                        "N5kovis5image5tools27eKOVISBaseImageToolsMessage6domainE"));
 }
 } // namespace kovis::image
