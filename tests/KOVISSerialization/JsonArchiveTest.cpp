@@ -8,6 +8,7 @@
 #include <bit>
 #include <cfenv>
 #include <cstdint>
+#include <cstdlib>
 #include <fstream>
 #include <functional>
 #include <limits>
@@ -207,6 +208,20 @@ TEST(JsonIArchive, TakesNumbersAsTheyAreWrittenByHand)
               (std::vector<float>{1.0F, -2.0F, 100.0F, -std::numeric_limits<float>::infinity()}));
     EXPECT_EQ(readValue<int>(makeItem("-0")), 0);
     EXPECT_EQ(readValue<unsigned int>(makeItem("-0")), 0U);
+}
+
+TEST(JsonIArchive, RoundsANumberOnce)
+{
+    // A double would take the first to half way between two floats, and from there to the wrong one; likewise the integers.
+    for (const std::string text : {"1.000000059604644775390625000001", "18014399583223809", "-18014399583223809",
+                                   "18014399583223809000000000", "7.006492321624086e-46", "7.006492321624085e-46"})
+    {
+        const float nearest = std::strtof(text.c_str(), nullptr);
+        EXPECT_EQ(bits(readValue<float>(makeItem(text))), bits(nearest)) << text;
+        EXPECT_EQ(bits(readValue<std::vector<float>>(makeItem("[" + text + "]")).at(0)), bits(nearest)) << text;
+    }
+    EXPECT_EQ(readValue<float>(makeItem("1.000000059604644775390625000001")), 0x1.000002p+0F);
+    EXPECT_EQ(readValue<std::vector<float>>(makeItem("[18014399583223809]")).at(0), 0x1.000002p+54F);
 }
 
 TEST(JsonIArchive, PassesOverWhatNobodyAsksFor)

@@ -4,6 +4,7 @@
 #include "KOVIS/KOVISCore/Scheduler.h"
 #include "KOVIS/KOVISSerialization/BaseArchive.h"
 #include "KOVIS/KOVISSerialization/SerializationItem.h"
+#include "KOVIS/KOVISSerialization/quoteArchiveText.h"
 
 #include <utility>
 
@@ -143,7 +144,7 @@ BoolResult BaseProcessor::read(BaseIArchive& archive)
     archive >> SerializationIItem<std::string>{g_classKey, &className};
     if (className != getClassName())
     {
-        archive.refuseItem(g_classKey, processingText(eProcessorMessage::ePM_OtherClass, className, getClassName()));
+        archive.refuseItem(g_classKey, processingText(eProcessorMessage::ePM_OtherClass, quoteArchiveText(className), getClassName()));
     }
     archive >> SerializationIItem<bool>{g_initialisedKey, &bInitialised} >> SerializationIItem<bool>{g_rulesKey, &bRules};
     const BoolResult result = init(bRules ? ePRP_Rules : ePRP_NoRules);

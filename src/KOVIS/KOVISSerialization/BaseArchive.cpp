@@ -61,7 +61,7 @@ ArchiveSectionManager::~ArchiveSectionManager()
             formatAndLog(getKOVISSerializationLogMessageManager(), getKOVISSerializationLogger(), log4cplus::ERROR_LOG_LEVEL,
                          typeid(eKOVISSerializationMessage::domain).name(), eKOVISSerializationMessage::eSM_SectionNotClosed,
                          SourcePlace{"kovis::ArchiveSectionManager::~ArchiveSectionManager()",
-                                     "KOVIS/KOVISSerialization/BaseArchive.cpp", __LINE__},
+                                     "KOVIS/KOVISSerialization/BaseArchive", __LINE__},
                          std::string(e.what()));
         }
         catch (const std::exception&)

@@ -3,6 +3,7 @@
 #include "KOVIS/KOVISSerialization/JsonNumber.h"
 #include "KOVIS/KOVISSerialization/JsonTree.h"
 #include "KOVIS/KOVISSerialization/SerializationMessages.h"
+#include "KOVIS/KOVISSerialization/quoteArchiveText.h"
 
 #include <concepts>
 #include <limits>
@@ -57,9 +58,16 @@ Fit convert(const TFound& found, TWanted& wanted)
     return Fit::good;
 }
 
-Fit convert(const double& found, float& wanted)
+Fit convert(const json::JsonReal& found, float& wanted)
 {
-    return json::toFloat(found, wanted) ? Fit::good : Fit::outOfRange;
+    wanted = found.m_bFloat ? found.m_float : wanted;
+    return found.m_bFloat ? Fit::good : Fit::outOfRange;
+}
+
+Fit convert(const json::JsonReal& found, double& wanted)
+{
+    wanted = found.m_double;
+    return Fit::good;
 }
 
 template <ArchivedInteger TFound, std::floating_point TWanted>
@@ -96,7 +104,12 @@ std::string describeNumber(const json::JsonValue& value)
     return std::visit(
         [&value](const auto& number)
         {
-            if constexpr (std::is_arithmetic_v<std::decay_t<decltype(number)>>)
+            using Number = std::decay_t<decltype(number)>;
+            if constexpr (std::is_same_v<Number, json::JsonReal>)
+            {
+                return std::to_string(number.m_double);
+            }
+            else if constexpr (std::is_arithmetic_v<Number>)
             {
                 return std::to_string(number);
             }
@@ -165,7 +178,7 @@ void JsonIArchive::beginSection(const std::string& sectionName)
         throwSerializationMessage(
             eKOVISSerializationMessage::eSM_OtherSection,
             SourcePlace{"virtual void kovis::JsonIArchive::beginSection(const std::string&)", g_file, __LINE__},
-            getPlace(std::string()), next == nullptr ? "no further section" : "section " + json::quote(next->m_name),
+            getPlace(std::string()), next == nullptr ? "no further section" : "section " + quoteArchiveText(next->m_name),
             sectionName);
     }
     ++m_tree->m_open.back().m_next;

@@ -111,6 +111,14 @@ bool toFloat(double number, float& value)
     return true;
 }
 
+bool toFloat(const std::string& text, double number, float& value)
+{
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    // What is out of range is too small, which is a zero, or too great.
+    return (error == std::errc() && stop == end) || toFloat(number, value);
+}
+
 DefaultFloatEnvironment::DefaultFloatEnvironment()
 {
     std::fegetenv(&m_state);

@@ -4,6 +4,7 @@
 #include "KOVIS/KOVISSerialization/JsonTextBuffer.h"
 #include "KOVIS/KOVISSerialization/JsonTreeBuilder.h"
 #include "KOVIS/KOVISSerialization/SerializationMessages.h"
+#include "KOVIS/KOVISSerialization/quoteArchiveText.h"
 
 #include <nlohmann/json.hpp>
 
@@ -11,11 +12,6 @@
 
 namespace kovis::json
 {
-namespace
-{
-constexpr std::size_t g_maxQuoted = 100;
-} // namespace
-
 JsonSection readJsonTree(std::istream& stream, const JsonArchiveLimits& limits)
 {
     if (!stream.good() || stream.rdbuf() == nullptr)
@@ -34,16 +30,6 @@ JsonSection readJsonTree(std::istream& stream, const JsonArchiveLimits& limits)
     return builder.takeTree();
 }
 
-std::string quote(const std::string& text)
-{
-    std::string quoted = "\"";
-    for (const char letter : text.substr(0, g_maxQuoted))
-    {
-        quoted += letter >= ' ' && letter <= '~' ? letter : '?';
-    }
-    return quoted + (text.size() > g_maxQuoted ? "...\"" : "\"");
-}
-
 std::string describePlace(const std::vector<std::string>& sections, const std::string& key)
 {
     std::string path;
@@ -51,8 +37,8 @@ std::string describePlace(const std::vector<std::string>& sections, const std::s
     {
         path += (path.empty() ? "" : "/") + section;
     }
-    const std::string place = sections.empty() ? "the outermost level" : "section " + quote(path);
-    return key.empty() ? place : place + ", key " + quote(key);
+    const std::string place = sections.empty() ? "the outermost level" : "section " + quoteArchiveText(path);
+    return key.empty() ? place : place + ", key " + quoteArchiveText(key);
 }
 
 std::string describeKind(const JsonValue& value)

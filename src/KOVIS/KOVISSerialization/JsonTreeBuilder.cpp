@@ -2,6 +2,7 @@
 
 #include "KOVIS/KOVISSerialization/JsonNumber.h"
 #include "KOVIS/KOVISSerialization/SerializationMessages.h"
+#include "KOVIS/KOVISSerialization/quoteArchiveText.h"
 
 #include <utility>
 
@@ -67,7 +68,7 @@ void JsonTreeBuilder::refuseText(const std::exception& error) const
     words = begin == std::string::npos ? words : words.substr(begin + 2);
     throwSerializationMessage(eKOVISSerializationMessage::eSM_Damaged,
                               KOVIS_HERE("void kovis::json::JsonTreeBuilder::refuseText(const std::exception&) const"),
-                              describe(), quote(words));
+                              describe(), quoteArchiveText(words));
 }
 
 void JsonTreeBuilder::refuseMore(unsigned long limit, const char* what) const
@@ -116,15 +117,14 @@ void JsonTreeBuilder::appendNumber(bool bFits, float value, const std::string& s
     m_pList->push_back(value);
 }
 
-bool JsonTreeBuilder::takeNumber(double number, JsonValue&& value)
+template <class TInteger>
+bool JsonTreeBuilder::takeInteger(TInteger value, float element)
 {
     if (getPlace() != Place::list)
     {
-        return keep(std::move(value));
+        return keep(value);
     }
-    float element = 0.0F;
-    const bool bFits = toFloat(number, element);
-    appendNumber(bFits, element, bFits ? std::string() : std::to_string(number));
+    appendNumber(true, element, std::string());
     return true;
 }
 
@@ -141,17 +141,24 @@ bool JsonTreeBuilder::boolean(bool value)
 bool JsonTreeBuilder::number_integer(std::int64_t value)
 {
     // The parser calls this for integers with a minus: a zero is the negative one.
-    return takeNumber(value == 0 ? -0.0 : static_cast<double>(value), value);
+    return takeInteger(value, value == 0 ? -0.0F : static_cast<float>(value));
 }
 
 bool JsonTreeBuilder::number_unsigned(std::uint64_t value)
 {
-    return takeNumber(static_cast<double>(value), value);
+    return takeInteger(value, static_cast<float>(value));
 }
 
-bool JsonTreeBuilder::number_float(double value, const std::string&)
+bool JsonTreeBuilder::number_float(double value, const std::string& text)
 {
-    return takeNumber(value, value);
+    JsonReal real{value};
+    real.m_bFloat = toFloat(text, value, real.m_float);
+    if (getPlace() != Place::list)
+    {
+        return keep(real);
+    }
+    appendNumber(real.m_bFloat, real.m_float, real.m_bFloat ? std::string() : std::to_string(value));
+    return true;
 }
 
 bool JsonTreeBuilder::string(std::string& value)
@@ -161,7 +168,7 @@ bool JsonTreeBuilder::string(std::string& value)
     {
         float element = 0.0F;
         const bool bFits = fromSpecialText(value, element);
-        appendNumber(bFits, element, quote(value));
+        appendNumber(bFits, element, quoteArchiveText(value));
         return true;
     }
     if (getPlace() == Place::section && m_key == g_sectionKey)

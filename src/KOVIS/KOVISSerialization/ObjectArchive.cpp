@@ -3,6 +3,7 @@
 #include "KOVIS/KOVISSerialization/BaseArchive.h"
 #include "KOVIS/KOVISSerialization/SerializationItem.h"
 #include "KOVIS/KOVISSerialization/SerializationMessages.h"
+#include "KOVIS/KOVISSerialization/quoteArchiveText.h"
 #include "KOVIS/KOVISUtil/DynamicObjectFactory.h"
 
 #include <boost/pointer_cast.hpp>
@@ -33,12 +34,14 @@ BoolResult readObject(BaseIArchive& archive, boost::shared_ptr<BaseSerialization
     const DynamicObjectFactory& factory = DynamicObjectFactory::getInstance();
     if (!factory.isRegistred(className))
     {
-        throwSerializationMessage(eKOVISSerializationMessage::eSM_UnknownClass, place, archive.getPlace(g_classKey), className);
+        throwSerializationMessage(eKOVISSerializationMessage::eSM_UnknownClass, place, archive.getPlace(g_classKey),
+                                  quoteArchiveText(className));
     }
     const auto read = boost::dynamic_pointer_cast<BaseSerializationObject>(factory.createShared(className));
     if (!read)
     {
-        throwSerializationMessage(eKOVISSerializationMessage::eSM_NotAnObject, place, archive.getPlace(g_classKey), className);
+        throwSerializationMessage(eKOVISSerializationMessage::eSM_NotAnObject, place, archive.getPlace(g_classKey),
+                                  quoteArchiveText(className));
     }
     BoolResult result = read->read(archive);
     if (result)

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <functional>
 
 namespace kovis::test
@@ -155,7 +156,7 @@ TEST(HostileProcessor, IsRefusedWithAClassThatNobodyKnows)
     const auto make = [](const std::string& name)
     { return "[{\"section\": \"object\", \"items\": {\"class\": \"" + name + "\"}}]"; };
     EXPECT_EQ(getRefusal(make("kovis::Nobody")),
-              "The archive needs class kovis::Nobody at section \"object\", key \"class\", which is not known here: load the "
+              "The archive needs class \"kovis::Nobody\" at section \"object\", key \"class\", which is not known here: load the "
               "library that it belongs to");
     EXPECT_NE(getRefusal(make("")).find("section \"object\", key \"class\""), std::string::npos);
     EXPECT_NE(getRefusal(make(std::string(4000, 'x'))).find("section \"object\", key \"class\""), std::string::npos);
@@ -163,6 +164,22 @@ TEST(HostileProcessor, IsRefusedWithAClassThatNobodyKnows)
     EXPECT_NE(getRefusal(make("kovis::imaproc::color::LightnessImgLvl1"))
                   .find("no further section at section \"object\" where section \"kovis::processor::BaseProcessor\""),
               std::string::npos);
+}
+
+TEST(HostileProcessor, QuotesAClassNameInOneShortLine)
+{
+    const std::string name = "a\\n\\u001b[2J" + std::string(4000, 'b');
+    std::string other = makeArchive().dump();
+    const std::string known = "\"kovis::imaproc::color::ColorConvertImgLvl1\",\"initialised\"";
+    ASSERT_NE(other.find(known), std::string::npos);
+    other.replace(other.find(known), known.size(), '"' + name + "\",\"initialised\"");
+    for (const std::string& text : {"[{\"section\": \"object\", \"items\": {\"class\": \"" + name + "\"}}]", other})
+    {
+        const std::string refusal = getRefusal(text);
+        EXPECT_NE(refusal.find("class \"a??[2Jbbb"), std::string::npos) << refusal;
+        EXPECT_LT(refusal.size(), 500U);
+        EXPECT_TRUE(std::all_of(refusal.begin(), refusal.end(), [](char letter) { return letter >= ' ' && letter <= '~'; }));
+    }
 }
 
 /// A class that the factory knows and archives do not.
@@ -188,9 +205,10 @@ TEST(HostileProcessor, IsRefusedWithAClassThatIsNotKept)
     ASSERT_TRUE(factory.registerClass(
         "kovis::test::Unkept", []() -> BaseDynamicObject* { return new Unkept; },
         []() -> DynamicObjectPtr { return boost::make_shared<Unkept>(); }));
-    EXPECT_EQ(getRefusal("[{\"section\": \"object\", \"items\": {\"class\": \"kovis::test::Unkept\"}}]"),
-              "The archive names class kovis::test::Unkept at section \"object\", key \"class\", whose objects are not kept in "
-              "archives");
+    EXPECT_EQ(
+        getRefusal("[{\"section\": \"object\", \"items\": {\"class\": \"kovis::test::Unkept\"}}]"),
+        "The archive names class \"kovis::test::Unkept\" at section \"object\", key \"class\", whose objects are not kept in "
+        "archives");
     ASSERT_TRUE(factory.unRegisterClass("kovis::test::Unkept"));
 }
 } // namespace

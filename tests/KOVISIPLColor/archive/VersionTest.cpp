@@ -203,8 +203,8 @@ TEST_P(ProcessorVersion, OfAnotherClassIsRefused)
         catch (const KOVISSerializationException& e)
         {
             EXPECT_EQ(e.getMessage(), "The archive does not fit at section \"kovis::processor::BaseProcessor\", key \"class\": a "
-                                      "processor of class " +
-                                          other + " was written here, which class " + GetParam() +
+                                      "processor of class \"" +
+                                          other + "\" was written here, which class " + GetParam() +
                                           " cannot read: make one of that class");
         }
     }

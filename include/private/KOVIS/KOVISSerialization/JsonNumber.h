@@ -17,6 +17,10 @@ std::string toSpecialText(double value);
 bool fromSpecialText(const std::string& text, float& value);
 bool fromSpecialText(const std::string& text, double& value);
 
+/// The float nearest to the number that a JSON text has, whose nearest double is `number`. False, and no value, where it rounds
+/// to beyond the greatest float.
+bool toFloat(const std::string& text, double number, float& value);
+
 /// The float nearest to a finite number. False, and no value, where the number rounds to beyond the greatest float.
 bool toFloat(double number, float& value);
 

@@ -73,7 +73,8 @@ private:
     /// Keeps a value of an item. False outside the items.
     bool keep(JsonValue&& value);
     void appendNumber(bool bFits, float value, const std::string& shown);
-    bool takeNumber(double number, JsonValue&& value);
+    template <class TInteger>
+    bool takeInteger(TInteger value, float element);
 
     const JsonArchiveLimits m_limits;
     JsonSection m_root;
