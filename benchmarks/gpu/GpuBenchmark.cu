@@ -52,7 +52,6 @@ float time(const TWork& work)
     return turns[g_nbTurns / 2];
 }
 
-
 template <class T>
 T* makeTable(const std::vector<float*>& planes)
 {
@@ -63,9 +62,10 @@ T* makeTable(const std::vector<float*>& planes)
 }
 } // namespace
 
-int runGpuBenchmark(int ownSide)
+int runGpuBenchmark(int cudaDevice, int ownSide)
 {
     using namespace kovis::imaproc::color::gpu;
+    check(cudaSetDevice(cudaDevice), "the device");
     // One run of memory each, so that the copy is one copy.
     float* pSource = nullptr;
     float* pTarget = nullptr;

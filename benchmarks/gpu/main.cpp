@@ -15,5 +15,5 @@ int main()
     }
     std::printf("%s, %d multiprocessors, blocks of %d x %d\n", gpus.getName(0).c_str(), gpus.getNbMultiProcessors(0),
                 gpus.getBlockSize2d(0), gpus.getBlockSize2d(0));
-    return runGpuBenchmark(gpus.getBlockSize2d(0));
+    return runGpuBenchmark(gpus.getCudaDevice(0), gpus.getBlockSize2d(0));
 }

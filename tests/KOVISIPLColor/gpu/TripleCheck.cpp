@@ -1,5 +1,7 @@
 #include "TripleCheck.h"
 
+#include "GpuFixture.h"
+
 #include "KOVIS/KOVISHardware/CudaRuntime.h"
 #include "KOVISIPL/KOVISIPLColor/Processor/AppendColorChannelImg/Gpu/AppendColorChannelImg_knlLauncher.h"
 
@@ -243,6 +245,12 @@ TypedPlanes makeSamples(PixelType type, std::size_t nbPlanes, std::size_t nbElem
 
 gpu::CudaResult launchTriple(const gpu::LauncherInfo& info, const TypedPlanes& in1, const TypedPlanes& in2, TypedPlanes& out)
 {
+    // The first device that there is code for, which need not be the first of all.
+    const gpu::DeviceScope scope(getGpus().getCudaDevice(0));
+    if (!scope.getResult())
+    {
+        return scope.getResult();
+    }
     const DevicePlanes device1(in1);
     const DevicePlanes device2(in2);
     const DevicePlanes deviceOut(out);
