@@ -1,15 +1,32 @@
 // GPUs as the runtime lists them, over an emulated one, and the rules that follow from a device's properties.
 #include "KOVIS/KOVISHardware/ComputerDescription.h"
 #include "KOVIS/KOVISHardware/KOVISHardwareLog.h"
+#include "KOVIS/KOVISHardware/LauncherInfo.h"
 #include "KOVIS/KOVISHardware/deviceRules.h"
 #include "support/FakeCudaRuntime.h"
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+
 namespace kovis::hard
 {
 namespace
 {
+// Kernels get the fields in this order, by value.
+using gpu::LauncherInfo;
+static_assert(offsetof(LauncherInfo, m_nbMultiProcessors) == 0);
+static_assert(offsetof(LauncherInfo, m_maxThreadsPerMultiProcessor) == 4);
+static_assert(offsetof(LauncherInfo, m_maxThreadsPerBlock) == 8);
+static_assert(offsetof(LauncherInfo, m_blockSize2d) == 12);
+static_assert(offsetof(LauncherInfo, m_reservedValue) == 16);
+static_assert(offsetof(LauncherInfo, m_sizeX) == 24);
+static_assert(offsetof(LauncherInfo, m_sizeY) == 32);
+static_assert(offsetof(LauncherInfo, m_sizeZ) == 40);
+static_assert(offsetof(LauncherInfo, m_sizeC) == 48);
+static_assert(offsetof(LauncherInfo, m_sizeT) == 56);
+static_assert(sizeof(LauncherInfo) == 64);
+
 class Gpu : public testing::Test
 {
 protected:
