@@ -156,17 +156,6 @@ TEST(IsAvailable, KnowsItsNames)
     }
 }
 
-TEST(IsAvailable, GpuSupportIsOnWhereThereIsADeviceAndItWasNotSwitchedOff)
-{
-    const bool bDevice =
-        core::ComputerInfoPool::getInstance().getLocalComputerInfo().getComputerDescription().getGpuDescription().getNbDevices() > 0;
-    EXPECT_EQ(bDevice, core::isGpuSupportActivated());
-    core::setGpuSupportActivated(false);
-    EXPECT_FALSE(core::isGpuSupportActivated());
-    core::setGpuSupportActivated(true);
-    EXPECT_EQ(bDevice, core::isGpuSupportActivated());
-}
-
 TEST(ComputerInfoPool, KnowsThisComputer)
 {
     const core::BaseComputerInfo& local = core::ComputerInfoPool::getInstance().getLocalComputerInfo();
