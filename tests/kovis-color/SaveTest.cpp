@@ -2,7 +2,12 @@
 
 #include "kovis-color/ProgramFixture.h"
 
+#include "KOVIS/KOVISImage/eColorGeometryType.h"
+
 #include <nlohmann/json.hpp>
+
+#include <cmath>
+#include <limits>
 
 namespace kovis::tool::test
 {
@@ -166,18 +171,84 @@ TEST_F(SaveOption, IsRefusedWhereItDoesNotFit)
             text.replace(place, part.size(), other);
         return text;
     };
-    refuse("", {m_saved + ": is empty"});
+    const std::string whatToGive = "; give a file that kovis-color wrote by --save";
+    refuse("", {m_saved + ": is empty" + whatToGive});
+    refuse(saved.dump() + "x", {"outermost level"});
     refuse("[]", {m_saved, "where section \"object\" is expected", "give a file that kovis-color wrote by --save"});
     refuse(saved.dump().substr(0, 200), {"section \"object/kovis::processor::BaseProcessor\""});
     refuse(replace("ColorConvertImgLvl1", "Nobody"), {"section \"object\", key \"class\"", "kovis::imaproc::color::Nobody"});
     refuse(replace("\"version\":1", "\"version\":2"), {"version 2, newer than version 1"});
     refuse(replace("\"from\":\"\"", "\"from\":\"labb\""), {"section \"kovis-color\", key \"from\"", "did you mean 'lab'?"});
     refuse(replace("\"type\":\"\"", "\"type\":\"u7\""), {"section \"kovis-color\", key \"type\""});
-    refuse(replace("\"set\":true", "\"set\":false"), {m_saved + ": holds a processor whose InColorConversionTransform is not set"});
+    refuse(replace("\"set\":true", "\"set\":false"),
+           {m_saved + ": holds a processor whose InColorConversionTransform is not set"});
+    refuse(replace("{\"section\":\"kovis-color\"", "{\"section\":\"other\"},{\"section\":\"kovis-color\""),
+           {m_saved, "\"other\""});
+    refuse(replace("}}]", "}},{\"section\":\"object\"}]"),
+           {m_saved + ": holds more than one processor: section \"object\"" + whatToGive});
     expectRefused(runProgram({"run", m_folder.getPath("none.json"), m_input, "-o", m_again}), 1, {"cannot be read"});
+    const std::string folder = m_folder.getPath("");
+    expectRefused(runProgram({"run", folder, m_input, "-o", m_again}), 1, {folder + ": is not a plain file" + whatToGive});
 }
 
-TEST_F(SaveOption, IsRefusedForClassesThatWorkOnParts)
+TEST_F(SaveOption, NamesTheFileWhoseMatrixDoesNotFit)
+{
+    ASSERT_EQ(convert({"--to", "user", "--matrix", "1,2,3,4", "--save", m_saved}).exitCode, 0);
+    Json archive = readSaved();
+    Json& items = archive[0]["sections"][0]["sections"][0]["items"];
+    const auto refuse = [&](const Json& matrix, const std::string& what)
+    {
+        items["matrix"] = matrix;
+        writeSaved(archive.dump());
+        expectRefused(run({m_input}), 1, {m_saved + ": the matrix: " + what});
+    };
+    refuse({1.0}, "has 1 numbers, which do not make whole rows of 4; give each row");
+    refuse(Json::array(), "is missing");
+    items["target"] = static_cast<int>(image::eCGT_HSV);
+    refuse({1.0, 2.0, 3.0, 4.0}, "is of no use from rgb to hsv");
+}
+
+TEST_F(SaveOption, RefusesASpaceForAnAppend)
+{
+    ASSERT_EQ(runProgram({"append", m_input, m_input, "-o", m_output, "--save", m_saved}).exitCode, 0);
+    expectRefused(run({m_input, m_input}, {"--from", "lab"}), 2, {"--from: is of no use for an append"});
+}
+
+TEST_F(SaveOption, KeepsAgainWhatARunWasRead)
+{
+    ASSERT_EQ(convert({"--to", "ycbcr", "--from", "rgb", "--type", "u8", "--save", m_saved}).exitCode, 0);
+    const std::string savedAgain = m_folder.getPath("again.json");
+    ASSERT_EQ(run({m_input}, {"--save", savedAgain}).exitCode, 0);
+    EXPECT_EQ(readBytes(savedAgain), readBytes(m_saved));
+}
+
+TEST_F(SaveOption, ReadsATargetThatIsNoSpaceAsGrey)
+{
+    ASSERT_EQ(convert({"--to", "grey", "--save", m_saved}).exitCode, 0);
+    Json archive = readSaved();
+    for (const int target : {77, -1})
+    {
+        archive[0]["sections"][0]["sections"][0]["items"]["target"] = target;
+        writeSaved(archive.dump());
+        ASSERT_EQ(run({m_input}).exitCode, 0) << target;
+        EXPECT_EQ(readBytes(m_again), readBytes(m_output)) << target;
+    }
+}
+
+TEST_F(SaveOption, KeepsNanAndInfinitiesOfAMatrix)
+{
+    ASSERT_EQ(convert({"--to", "user", "--matrix", "0,0,0,1", "--type", "f32", "--save", m_saved}).exitCode, 0);
+    Json archive = readSaved();
+    archive[0]["sections"][0]["sections"][0]["items"]["matrix"] = Json::parse(R"([0,0,0,"inf",0,0,0,"-inf",0,0,0,"nan"])");
+    writeSaved(archive.dump());
+    ASSERT_EQ(run({m_input}).exitCode, 0);
+    const Picture picture = readPicture(m_again);
+    EXPECT_EQ(picture.getPlane<float>(0, 0)[0], std::numeric_limits<float>::infinity());
+    EXPECT_EQ(picture.getPlane<float>(0, 1)[1], -std::numeric_limits<float>::infinity());
+    EXPECT_TRUE(std::isnan(picture.getPlane<float>(0, 2)[2]));
+}
+
+TEST_F(SaveOption, IsRefusedForClassesThatItDoesNotRun)
 {
     writeSaved(R"([{"section": "object", "items": {"class": "kovis::imaproc::color::LightnessImgLvl2"},
         "sections": [{"section": "kovis::processor::BaseProcessor",
@@ -185,7 +256,9 @@ TEST_F(SaveOption, IsRefusedForClassesThatWorkOnParts)
                       "sections": [{"section": "InLightnessType", "items": {"set": true, "value": 2}}]},
                      {"section": "kovis::imaproc::color::LightnessImgLvl2", "items": {"version": 1}}]}])");
     expectRefused(run({m_input}), 1,
-                  {m_saved + ": holds a kovis::imaproc::color::LightnessImgLvl2, which works on parts of images"});
+                  {m_saved +
+                   ": holds a kovis::imaproc::color::LightnessImgLvl2, which this program does not run; give a file of a "
+                   "ColorConvertImgLvl1, a LightnessImgLvl1 or an AppendColorChannelImgLvl1"});
 }
 
 TEST_F(SaveOption, KeepsAFormulaBeyondTheLastAsTheLast)

@@ -36,6 +36,7 @@ struct ConvertOptions : PictureOptions
     std::string to;
     std::string matrix;
     boost::shared_ptr<imaproc::color::ColorConvertImgLvl1> processor; ///< a saved one, in place of `to` and `matrix`
+    std::string processorFile;                                        ///< that it was read from
 };
 
 /// What `kovis-color lightness` was told.

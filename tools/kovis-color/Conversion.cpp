@@ -71,36 +71,34 @@ std::size_t getFirstLinkChannels(image::eColorGeometryType to)
     return channels == 0 ? 3 : channels;
 }
 
-void checkMatrix(const Conversion& conversion, std::size_t inputChannels)
+void checkMatrix(const std::string& subject, ExitCode exitCode, const Conversion& conversion, std::size_t inputChannels)
 {
     const std::size_t nbNumbers = conversion.matrix.size();
     const std::string columns = std::to_string(inputChannels + 1);
     if (!usesMatrix(conversion))
     {
         if (nbNumbers != 0)
-            throw ToolError("--matrix",
-                            "is of no use from " + std::string(getSpaceName(conversion.from)) + " to " +
-                                getSpaceName(conversion.to),
-                            "use it with --to user or --from user", eMisused);
+            throw ToolError(
+                subject, "is of no use from " + std::string(getSpaceName(conversion.from)) + " to " + getSpaceName(conversion.to),
+                "use it with --to user or --from user", exitCode);
         return;
     }
     if (nbNumbers == 0)
-        throw ToolError("--matrix", "is missing, and only a matrix says what a user space is",
-                        "give rows of " + columns + " numbers: a factor for each channel of the input, then an offset", eMisused);
+        throw ToolError(subject, "is missing, and only a matrix says what a user space is",
+                        "give rows of " + columns + " numbers: a factor for each channel of the input, then an offset", exitCode);
     if (conversion.to == image::eCGT_User)
     {
         if (nbNumbers % (inputChannels + 1) != 0)
-            throw ToolError("--matrix",
-                            "has " + std::to_string(nbNumbers) + " numbers, which do not make whole rows of " + columns,
-                            "give each row a factor for each channel of the input and then an offset", eMisused);
+            throw ToolError(subject, "has " + std::to_string(nbNumbers) + " numbers, which do not make whole rows of " + columns,
+                            "give each row a factor for each channel of the input and then an offset", exitCode);
         return;
     }
     const std::size_t rows = getFirstLinkChannels(conversion.to);
     if (nbNumbers != rows * (inputChannels + 1))
-        throw ToolError("--matrix", "has " + std::to_string(nbNumbers) + " numbers",
+        throw ToolError(subject, "has " + std::to_string(nbNumbers) + " numbers",
                         "give " + std::to_string(rows) + " rows of " + columns + " numbers to lead " +
                             std::to_string(inputChannels) + " channel(s) to " + getSpaceName(conversion.to),
-                        eMisused);
+                        exitCode);
 }
 } // namespace
 
@@ -129,10 +127,14 @@ void checkChannels(const std::string& subject, image::eColorGeometryType space, 
                         "choose --from to fit, user takes any number", eMisused);
 }
 
-void checkConversion(const std::string& subject, const Conversion& conversion, std::size_t inputChannels)
+void checkConversion(const std::string& subject, const Conversion& conversion, std::size_t inputChannels,
+                     const std::string& savedFile)
 {
     checkChannels(subject, conversion.from, inputChannels);
-    checkMatrix(conversion, inputChannels);
+    if (savedFile.empty())
+        checkMatrix("--matrix", eMisused, conversion, inputChannels);
+    else
+        checkMatrix(savedFile + ": the matrix", eFailed, conversion, inputChannels);
 }
 
 bool isLeftEmptyByTheLibrary(const Conversion& conversion, ElementType inputType)

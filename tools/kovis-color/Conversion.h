@@ -42,8 +42,10 @@ void follow(const core::BaseAction& action, const ProgressListener& listener, do
 /// Throws ToolError (misused) for a picture that has other than the channels of its space. `subject` is the file's name.
 void checkChannels(const std::string& subject, image::eColorGeometryType space, std::size_t channels);
 
-/// Throws ToolError (misused) for spaces, channel count and matrix that do not go together. `subject` is the file's name.
-void checkConversion(const std::string& subject, const Conversion& conversion, std::size_t inputChannels);
+/// Throws ToolError for spaces, channel count and matrix that do not go together. `subject` is the picture's name. The program
+/// was misused, unless the matrix comes from the file `savedFile`: then that file is wrong.
+void checkConversion(const std::string& subject, const Conversion& conversion, std::size_t inputChannels,
+                     const std::string& savedFile = std::string());
 
 /// Whether the library's whole-image processor would leave an empty image: it reads its working image, which nobody filled.
 bool isLeftEmptyByTheLibrary(const Conversion& conversion, ElementType inputType);

@@ -92,7 +92,7 @@ void ConvertRun::run()
     checkCommand();
     const boost::shared_ptr<Picture> picture = read(m_options.input);
     m_conversion.from = chooseSpace(m_options.input, m_options.from, *picture);
-    checkConversion(m_options.input, m_conversion, picture->shape.channels);
+    checkConversion(m_options.input, m_conversion, picture->shape.channels, m_options.processorFile);
     checkCanHold(m_options.output, getFormat(), getResultChannels(m_conversion, picture->shape.channels), picture->shape.pages);
     chooseType(picture->shape);
     const auto processor = m_options.processor ? m_options.processor : makeProcessor(m_conversion);

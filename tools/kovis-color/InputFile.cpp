@@ -9,7 +9,8 @@
 
 namespace kovis::tool
 {
-InputFile::InputFile(const std::string& path, const ReadLimits& limits) : m_path(path), m_limits(limits)
+InputFile::InputFile(const std::string& path, const ReadLimits& limits, const std::string& whatToGive)
+    : m_path(path), m_limits(limits)
 {
     // Not to wait for a writer where the name is a pipe's.
     m_descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
@@ -22,8 +23,8 @@ InputFile::InputFile(const std::string& path, const ReadLimits& limits) : m_path
         const bool bEmpty = bKnown && S_ISREG(information.st_mode);
         ::close(m_descriptor);
         if (bEmpty)
-            throw ToolError(path, "is empty", "give a TIFF, PNG or JPEG file");
-        throw ToolError(path, "is not a plain file", "give a TIFF, PNG or JPEG file");
+            throw ToolError(path, "is empty", whatToGive);
+        throw ToolError(path, "is not a plain file", whatToGive);
     }
     m_size = static_cast<std::uint64_t>(information.st_size);
 }

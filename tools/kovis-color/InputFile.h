@@ -10,12 +10,12 @@
 
 namespace kovis::tool
 {
-/// An open file that a picture is read from.
+/// An open file that is read: a picture, or what --save kept.
 class InputFile
 {
 public:
-    /// Opens it. Throws ToolError for a file that is missing, empty, no plain file or not readable.
-    InputFile(const std::string& path, const ReadLimits& limits);
+    /// Opens it. Throws ToolError for a file that is missing, empty, no plain file or not readable; `whatToGive` is its advice.
+    InputFile(const std::string& path, const ReadLimits& limits, const std::string& whatToGive = "give a TIFF, PNG or JPEG file");
     ~InputFile();
     InputFile(const InputFile&) = delete;
     InputFile& operator=(const InputFile&) = delete;

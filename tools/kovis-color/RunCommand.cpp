@@ -57,6 +57,7 @@ void runSaved(const RunOptions& options, std::ostream& out, std::ostream& err)
     {
         auto made = makeOptions<ConvertOptions>(options, saved);
         made.processor = conversion;
+        made.processorFile = options.file;
         runConvert(made, out, err);
     }
     else if (const auto lightness = boost::dynamic_pointer_cast<imaproc::color::LightnessImgLvl1>(saved.processor))
@@ -69,12 +70,14 @@ void runSaved(const RunOptions& options, std::ostream& out, std::ostream& err)
     {
         AppendOptions made;
         takePictureOptions(made, options, saved);
+        if (!options.from.empty())
+            throw ToolError("--from", "is of no use for an append, which has no space of its own", "leave it out", eMisused);
         made.inputs = options.inputs;
         made.processor = append;
         runAppend(made, out, err);
     }
     else
-        throw ToolError(options.file, "holds a " + saved.processor->getClassName() + ", which works on parts of images",
-                        "give a file of one of the classes of level 1");
+        throw ToolError(options.file, "holds a " + saved.processor->getClassName() + ", which this program does not run",
+                        "give a file of a ColorConvertImgLvl1, a LightnessImgLvl1 or an AppendColorChannelImgLvl1");
 }
 } // namespace kovis::tool

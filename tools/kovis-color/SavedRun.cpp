@@ -11,12 +11,16 @@
 #include "KOVIS/KOVISSerialization/KOVISSerializationLog.h"
 #include "KOVIS/KOVISSerialization/ObjectArchive.h"
 #include "KOVIS/KOVISSerialization/SerializationItem.h"
+#include "KOVIS/KOVISSerialization/quoteArchiveText.h"
 
 #include <boost/pointer_cast.hpp>
 
 #include <cerrno>
-#include <fstream>
+#include <cstdint>
+#include <ios>
+#include <istream>
 #include <sstream>
+#include <streambuf>
 #include <unistd.h>
 
 namespace kovis::tool
@@ -27,6 +31,29 @@ namespace
 constexpr const char* g_section = "kovis-color";
 constexpr const char* g_fromKey = "from";
 constexpr const char* g_typeKey = "type";
+
+constexpr const char* g_whatToGive = "give a file that kovis-color wrote by --save";
+
+/// The characters of an open file.
+class FileBuffer : public std::streambuf
+{
+public:
+    explicit FileBuffer(const InputFile& file) : m_file(file) {}
+
+protected:
+    int_type underflow() override
+    {
+        const std::int64_t nbRead = m_file.read(m_bytes, sizeof m_bytes);
+        if (nbRead < 0)
+            throw std::ios_base::failure("the file cannot be read");
+        setg(m_bytes, m_bytes, m_bytes + nbRead);
+        return nbRead == 0 ? traits_type::eof() : traits_type::to_int_type(m_bytes[0]);
+    }
+
+private:
+    const InputFile& m_file;
+    char m_bytes[4096];
+};
 
 void writeText(const std::string& path, const std::string& text)
 {
@@ -82,8 +109,9 @@ void writeSavedRun(const std::string& path, const SavedRun& saved)
 
 SavedRun readSavedRun(const std::string& path)
 {
-    const InputFile probe(path, ReadLimits()); // tells in words what stands in the way of reading
-    std::ifstream stream(path, std::ios::binary);
+    const InputFile file(path, ReadLimits(), g_whatToGive);
+    FileBuffer buffer(file);
+    std::istream stream(&buffer);
     SavedRun saved;
     try
     {
@@ -94,13 +122,15 @@ SavedRun readSavedRun(const std::string& path)
             throw ToolError(path, result.getMessage(), "");
         saved.processor = boost::dynamic_pointer_cast<processor::BaseProcessor>(object);
         if (!saved.processor)
-            throw ToolError(path, "holds a " + object->getClassName() + ", which cannot be run",
-                            "give a file that kovis-color wrote by --save");
+            throw ToolError(path, "holds a " + object->getClassName() + ", which cannot be run", g_whatToGive);
         readOwnSection(path, archive, saved);
+        if (archive.hasNextSection())
+            throw ToolError(path, "holds more than one processor: section " + quoteArchiveText(archive.getNextSectionName()),
+                            g_whatToGive);
     }
     catch (const KOVISSerializationException& error)
     {
-        throw ToolError(path, error.what(), "give a file that kovis-color wrote by --save");
+        throw ToolError(path, error.what(), g_whatToGive);
     }
     return saved;
 }
