@@ -12,9 +12,12 @@
 #include <fstream>
 #include <functional>
 #include <limits>
+#include <locale>
 #include <random>
 #include <sstream>
 #include <vector>
+
+#include <xmmintrin.h>
 
 namespace kovis
 {
@@ -195,6 +198,50 @@ TEST(JsonArchive, KeepsFloatsToTheBitInEveryRoundingMode)
         EXPECT_EQ(read, values);
         EXPECT_EQ(text, writeValue(values));
     }
+}
+
+TEST(JsonArchive, KeepsDenormalsWhereTheCallerFlushesThem)
+{
+    const std::vector<float> values = {1e-40F, -std::numeric_limits<float>::denorm_min()};
+    const unsigned int before = _mm_getcsr();
+    const unsigned int flushing = before | 0x8040U; // results and operands
+    _mm_setcsr(flushing);
+    const std::string text = writeValue(values);
+    const std::vector<float> read = readValue<std::vector<float>>(text);
+    const unsigned int after = _mm_getcsr();
+    _mm_setcsr(before);
+    EXPECT_EQ(after & 0x8040U, 0x8040U);
+    ASSERT_EQ(read.size(), 2U);
+    EXPECT_EQ(bits(read[0]), bits(values[0]));
+    EXPECT_EQ(bits(read[1]), bits(values[1]));
+    EXPECT_EQ(text, writeValue(values));
+}
+
+/// As some countries write numbers.
+class CommaForPoint : public std::numpunct<char>
+{
+protected:
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+TEST(JsonArchive, DoesNotDependOnTheLocale)
+{
+    const std::vector<float> values = {0.5F, -1234567.5F};
+    const unsigned long most = std::numeric_limits<unsigned long>::max();
+    const std::string floats = writeValue(values);
+    const std::string integer = writeValue(most);
+    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new CommaForPoint));
+    const std::string localFloats = writeValue(values);
+    const std::string localInteger = writeValue(most);
+    const std::vector<float> readFloats = readValue<std::vector<float>>(floats);
+    const auto readInteger = readValue<unsigned long>(integer);
+    std::locale::global(before);
+    EXPECT_EQ(localFloats, floats);
+    EXPECT_EQ(localInteger, integer);
+    EXPECT_EQ(readFloats, values);
+    EXPECT_EQ(readInteger, most);
 }
 
 TEST(JsonIArchive, TakesNumbersAsTheyAreWrittenByHand)
