@@ -8,6 +8,9 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <latch>
+#include <thread>
+#include <vector>
 
 namespace kovis::hard
 {
@@ -64,6 +67,31 @@ TEST_F(Gpu, isDescribedByItsOwnProperties)
         EXPECT_STREQ("There is no GPU 2: this computer has 2 usable GPUs, counted from 0", e.what());
     }
     EXPECT_EQ("countDevices readProperties readProperties ", m_runtime.m_calls); // asked once
+}
+
+TEST_F(Gpu, isAskedOnceByManyThreads)
+{
+    for (int turn = 1; turn <= 50; ++turn)
+    {
+        const GpuDescription gpus;
+        std::latch start(8);
+        std::vector<std::thread> threads;
+        for (int i = 0; i < 8; ++i)
+        {
+            threads.emplace_back(
+                [&]
+                {
+                    start.arrive_and_wait();
+                    EXPECT_EQ(1, gpus.getNbDevices());
+                    EXPECT_EQ("Fake", gpus.getName(0));
+                });
+        }
+        for (std::thread& thread : threads)
+        {
+            thread.join();
+        }
+        ASSERT_EQ(turn, m_runtime.getNbCalls("countDevices"));
+    }
 }
 
 TEST_F(Gpu, countsOnlyThoseThatThereIsCodeFor)

@@ -9,7 +9,10 @@
 #include <boost/weak_ptr.hpp>
 #include <gmock/gmock.h>
 
+#include <array>
 #include <functional>
+#include <latch>
+#include <thread>
 
 namespace kovis::image
 {
@@ -108,6 +111,33 @@ TEST_F(CudaImages, haveATableOfTheirPlanesOnTheDevice)
     {
         EXPECT_EQ(onGpu->getPlane(c, 0, 0), addresses[c]);
         EXPECT_EQ(onGpu->getPlane(c, 1, 0), addresses[3 + c]);
+    }
+}
+
+TEST_F(CudaImages, giveManyThreadsOneTable)
+{
+    for (int turn = 0; turn < 50; ++turn)
+    {
+        const auto onGpu = createCudaImage(makeGeometry(2, 2, 1, 3, 1, eIBT_Int8));
+        const int nbAllocations = g_runtime.getNbCalls("allocate");
+        std::latch start(8);
+        std::array<void**, 8> tables{};
+        std::vector<std::thread> threads;
+        for (void**& table : tables)
+        {
+            threads.emplace_back(
+                [&]
+                {
+                    start.arrive_and_wait();
+                    table = onGpu->getPlaneTable();
+                });
+        }
+        for (std::thread& thread : threads)
+        {
+            thread.join();
+        }
+        ASSERT_EQ(nbAllocations + 1, g_runtime.getNbCalls("allocate"));
+        EXPECT_THAT(tables, testing::Each(onGpu->getPlaneTable()));
     }
 }
 

@@ -30,12 +30,29 @@ public:
     /// Lets the call of that name fail, after so many good ones of it.
     void failAt(const std::string& call, int nbGoodCalls = 0)
     {
+        const std::lock_guard lock(m_mutex);
         m_failing = call;
         m_nbGoodCalls = nbGoodCalls;
     }
-    void failNowhere() { m_failing.clear(); }
-    std::size_t getNbAllocated() const { return m_memory.size(); }
+    void failNowhere() { failAt(std::string()); }
+    std::size_t getNbAllocated() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_memory.size();
+    }
+    /// How often a call was asked for.
+    int getNbCalls(const std::string& call) const
+    {
+        const std::lock_guard lock(m_mutex);
+        int nbCalls = 0;
+        for (std::size_t at = m_calls.find(call + " "); at != std::string::npos; at = m_calls.find(call + " ", at + 1))
+        {
+            ++nbCalls;
+        }
+        return nbCalls;
+    }
 
+    // For a test to read and to set while no thread is at work.
     std::vector<gpu::DeviceProperties> m_devices = {{"Fake", 7, 5, 3, 2048, 1024}};
     int m_device = 0;
     std::string m_calls; ///< names of the calls, one after the other
@@ -53,12 +70,15 @@ public:
     bool hasCodeFor(int major, int) override { return major >= 7; }
     gpu::CudaResult getDevice(int& device) override
     {
+        const gpu::CudaResult result = answer("getDevice");
+        const std::lock_guard lock(m_mutex);
         device = m_device;
-        return answer("getDevice");
+        return result;
     }
     gpu::CudaResult setDevice(int device) override
     {
         const gpu::CudaResult result = answer("setDevice");
+        const std::lock_guard lock(m_mutex);
         m_device = result ? device : m_device;
         return result;
     }
@@ -129,7 +149,7 @@ private:
         return {};
     }
 
-    std::mutex m_mutex;
+    mutable std::mutex m_mutex;
     std::map<char*, std::size_t> m_memory;
     std::string m_failing;
     int m_nbGoodCalls = 0;

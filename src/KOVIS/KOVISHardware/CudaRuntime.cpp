@@ -37,6 +37,7 @@ DeviceScope::~DeviceScope()
 {
     if (m_bChanged)
     {
+        // Where that fails the work is done all the same, and whoever comes next takes the device that he needs.
         CudaRuntime::getInstance().setDevice(m_before);
     }
 }
