@@ -129,7 +129,12 @@ struct ProcessorAnatomy
         {
             return BoolResult(false, baseResult.getMessage());
         }
-        if (!archive.isClassVersionRegistred(processor.getClassName()))
+        if (archive.isClassVersionRegistred(processor.getClassName()))
+        {
+            // All versions read alike so far.
+            static_cast<void>(archive.getRegisterClassVersion(processor.getClassName()));
+        }
+        else
         {
             const ArchiveSectionManager section(archive, processor.getClassName());
             unsigned int version = 0;
