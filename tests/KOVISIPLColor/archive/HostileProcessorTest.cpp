@@ -33,10 +33,15 @@ std::string getRefusal(const std::string& text)
     }
 }
 
+bool contains(const std::string& text, const std::string& part)
+{
+    return text.find(part) != std::string::npos;
+}
+
 /// Names a place in the archive: a section, or that none was reached.
 bool namesPlace(const std::string& refusal)
 {
-    return refusal.find("section \"") != std::string::npos || refusal.find("the outermost level") != std::string::npos;
+    return contains(refusal, "section \"") || contains(refusal, "the outermost level");
 }
 
 ordered_json makeArchive()
@@ -46,52 +51,90 @@ ordered_json makeArchive()
                       boost::make_shared<AppendColorChannelImgLvl1>()}));
 }
 
-/// Calls `visit` with every value of a JSON text, which it may change for the length of the call.
-void visitValues(ordered_json& value, const std::function<void(ordered_json&)>& visit)
+/// Calls `visit` with every value of a JSON text, which it may change for the length of the call, and the key that it stands at,
+/// alone or in a list; empty for sections.
+void visitValues(ordered_json& value, const std::string& key, const std::function<void(ordered_json&, const std::string&)>& visit)
 {
-    visit(value);
-    for (ordered_json& part : value)
+    visit(value, key);
+    if (value.is_object())
     {
-        if (value.is_structured())
+        for (auto part = value.begin(); part != value.end(); ++part)
         {
-            visitValues(part, visit);
+            visitValues(part.value(), part.key(), visit);
         }
     }
+    else if (value.is_array())
+    {
+        for (ordered_json& part : value)
+        {
+            visitValues(part, key == "sections" ? std::string() : key, visit);
+        }
+    }
+}
+
+/// Calls `visit` with every object of a JSON text, which it may change for the length of the call, and with each of its keys.
+void visitKeys(ordered_json& archive, const std::function<void(ordered_json&, const std::string&)>& visit)
+{
+    visitValues(archive, std::string(),
+                [&visit](ordered_json& value, const std::string&)
+                {
+                    const ordered_json kept = value;
+                    for (auto part = kept.begin(); kept.is_object() && part != kept.end(); ++part)
+                    {
+                        visit(value, part.key());
+                        value = kept;
+                    }
+                });
 }
 
 TEST(HostileProcessor, IsRefusedCutAtEveryByte)
 {
     const std::string text = makeArchive().dump();
     ASSERT_EQ(getRefusal(text), "");
+    long depth = 0; // no text of this archive has a brace
     for (std::size_t length = 0; length < text.size(); ++length)
     {
-        EXPECT_TRUE(namesPlace(getRefusal(text.substr(0, length)))) << length;
+        const std::string refusal = getRefusal(text.substr(0, length));
+        EXPECT_TRUE(contains(refusal, depth > 0 ? "section \"" : "the outermost level")) << length << " " << refusal;
+        depth += text[length] == '{' ? 1 : text[length] == '}' ? -1 : 0;
     }
+    EXPECT_EQ(depth, 0);
 }
 
 TEST(HostileProcessor, IsRefusedWithAnyValueOfAnotherKind)
 {
     ordered_json archive = makeArchive();
     int nbSwapped = 0;
-    visitValues(archive,
-                [&](ordered_json& value)
+    int nbFractions = 0;
+    visitValues(archive, std::string(),
+                [&](ordered_json& value, const std::string& key)
                 {
                     const ordered_json kept = value;
                     for (const char* const text : {"null", "true", "7", "-7", "1.5", "\"text\"", "[]", "[1]", "{}", "{\"a\": 1}"})
                     {
                         const ordered_json other = ordered_json::parse(text);
-                        const bool bSameKind = other.type() == kept.type() || (other.is_number() && kept.is_number());
+                        const bool bFraction = kept.is_number_integer() && other.is_number_float();
+                        const bool bOther =
+                            bFraction || !(other.type() == kept.type() || (other.is_number() && kept.is_number()));
                         value = other;
                         const std::string refusal = getRefusal(archive.dump());
-                        if (!bSameKind)
+                        if (bOther)
                         {
-                            EXPECT_TRUE(namesPlace(refusal)) << archive.dump() << "\n" << refusal;
+                            EXPECT_TRUE(contains(refusal, key.empty() ? "" : "key \"" + key + '"') && namesPlace(refusal))
+                                << archive.dump() << "\n"
+                                << refusal;
                             ++nbSwapped;
+                            nbFractions += bFraction ? 1 : 0;
+                        }
+                        else if (!refusal.empty())
+                        {
+                            EXPECT_TRUE(namesPlace(refusal) || contains(refusal, "newer than version")) << refusal;
                         }
                     }
                     value = kept;
                 });
     EXPECT_GT(nbSwapped, 200);
+    EXPECT_EQ(nbFractions, 5); // target, formula, and three versions
     EXPECT_EQ(getRefusal(archive.dump()), "");
 }
 
@@ -99,23 +142,63 @@ TEST(HostileProcessor, IsRefusedWithAnyKeyMissing)
 {
     ordered_json archive = makeArchive();
     int nbErased = 0;
-    visitValues(archive,
-                [&](ordered_json& value)
-                {
-                    if (!value.is_object())
-                    {
-                        return;
-                    }
-                    const ordered_json kept = value;
-                    for (const auto& [key, part] : kept.items())
-                    {
-                        value.erase(key);
-                        EXPECT_TRUE(namesPlace(getRefusal(archive.dump()))) << archive.dump();
-                        value = kept;
-                        ++nbErased;
-                    }
-                });
+    visitKeys(archive,
+              [&](ordered_json& object, const std::string& key)
+              {
+                  object.erase(key);
+                  const std::string refusal = getRefusal(archive.dump());
+                  // without its items a section has none of their keys; without its sections it ends too early
+                  const std::string missing = key == "sections" ? "no further section at section \""
+                                              : key == "items"  ? "key \""
+                                                                : "key \"" + key + '"';
+                  EXPECT_TRUE(contains(refusal, missing) && namesPlace(refusal)) << archive.dump() << "\n" << refusal;
+                  ++nbErased;
+              });
     EXPECT_GT(nbErased, 20);
+}
+
+TEST(HostileProcessor, IsRefusedWithAnyKeyDoubled)
+{
+    ordered_json archive = makeArchive();
+    int nbDoubled = 0;
+    visitKeys(archive,
+              [&](ordered_json& object, const std::string& key)
+              {
+                  object["another"] = object[key];
+                  std::string text = archive.dump();
+                  text.replace(text.find("\"another\""), 9, '"' + key + '"');
+                  EXPECT_TRUE(contains(getRefusal(text), ", key \"" + key + "\": the key stands there twice")) << text;
+                  ++nbDoubled;
+              });
+    EXPECT_GT(nbDoubled, 20);
+}
+
+TEST(HostileProcessor, WithoutRulesIsStoppedByThoseOfTheNextLevel)
+{
+    const auto read = [](const boost::shared_ptr<BaseSerializationObject>& object)
+    {
+        std::string text = writeObjects({object});
+        const std::string rules = "\"rules\": true";
+        text.replace(text.find(rules), rules.size(), "\"rules\": false");
+        return readObjects(text).at(0);
+    };
+    const ImagePtr input = makeFilledImage<unsigned char>(37, 5, image::eCGT_Rgb, 1);
+    const ImagePtr smaller = makeFilledImage<unsigned char>(36, 5, image::eCGT_Rgb, 1);
+    const auto conversion = boost::dynamic_pointer_cast<ColorConvertImgLvl1>(read(makeConversion(image::eCGT_HSV)));
+    EXPECT_FALSE(conversion->getRule());
+    conversion->set<imaproc::attr::InColorImg>(input);
+    conversion->set<imaproc::attr::OutColorImg>(makeFilledImage<float>(36, 5, image::eCGT_HSV, 0.0F));
+    EXPECT_ANY_THROW(processor::executeSyncRun(conversion));
+    const auto matrix = boost::dynamic_pointer_cast<ColorConvertImgLvl1>(read(makeConversion(image::eCGT_User, {1.0F, 2.0F})));
+    matrix->set<imaproc::attr::InColorImg>(input);
+    matrix->set<imaproc::attr::OutColorImg>(image::createImageUser2d(37, 5, 2, image::eIBT_Real));
+    EXPECT_ANY_THROW(processor::executeSyncRun(matrix));
+    const auto unset = boost::make_shared<AppendColorChannelImgLvl1>();
+    unset->init();
+    const auto append = boost::dynamic_pointer_cast<AppendColorChannelImgLvl1>(read(unset));
+    append->set<imaproc::attr::InImg1>(input);
+    append->set<imaproc::attr::InImg2>(smaller);
+    EXPECT_ANY_THROW(processor::executeSyncRun(append));
 }
 
 TEST(HostileProcessor, IsRefusedWithNumbersOutOfRange)
