@@ -1,6 +1,6 @@
 #include "KOVIS/KOVISSerialization/JsonIArchive.h"
-#include "KOVIS/KOVISSerialization/KOVISSerializationLog.h"
 #include "KOVIS/KOVISSerialization/SerializationItem.h"
+#include "KOVISSerialization/getRefusal.h"
 
 #include <gtest/gtest.h>
 
@@ -14,18 +14,7 @@ namespace kovis
 {
 namespace
 {
-std::string getRefusal(const std::function<void()>& call)
-{
-    try
-    {
-        call();
-    }
-    catch (const KOVISSerializationException& e)
-    {
-        return e.what();
-    }
-    return "nothing was thrown";
-}
+using test::getRefusal;
 
 /// What the reader says of a text.
 std::string getRefusal(const std::string& text, const JsonArchiveLimits& limits = JsonArchiveLimits())
