@@ -39,9 +39,7 @@ void appendSlice(const ConstImagePtr& first, const ConstImagePtr& second, const 
     append->set<imaproc::attr::InSubColorImg2d2>(image::uploadImage(*second));
     append->set<imaproc::attr::OutColorImg>(output);
     core::ActionProviderPtr provider;
-    const processor::RetrievalResult answer = append->tryToLaunchGpuProcess(core::BasePriority(), provider);
-    if (answer.getStatus() != processor::eRS_Provided)
-        throw ToolError("--gpu", answer.getMessage().empty() ? "the GPU was not taken" : answer.getMessage(), g_withoutGpu);
+    requireTaken(append->tryToLaunchGpuProcess(core::BasePriority(), provider));
     core::runProvider(provider);
     image::copyToHost(*output, *result);
 }
@@ -54,6 +52,12 @@ std::string getGpuName()
     if (gpus.getNbDevices() == 0)
         throw ToolError("--gpu", "there is no usable GPU: " + gpus.getReasonForNone(), g_withoutGpu);
     return gpus.getName(0);
+}
+
+void requireTaken(const processor::RetrievalResult& answer)
+{
+    if (answer.getStatus() != processor::eRS_Provided)
+        throw ToolError("--gpu", answer.getMessage().empty() ? "the GPU was not taken" : answer.getMessage(), g_withoutGpu);
 }
 
 ImagePtr appendOnGpu(const ConstImagePtr& first, const ConstImagePtr& second)

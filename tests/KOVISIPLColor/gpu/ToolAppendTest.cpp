@@ -10,6 +10,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <string>
+
 namespace kovis::tool
 {
 namespace
@@ -57,19 +60,35 @@ TEST(ToolAppend, JoinsEveryPage)
     EXPECT_EQ(0U, test::FakeCudaRuntime::install().getNbAllocated());
 }
 
-TEST(ToolAppend, SaysThatTheGpuWasNotTaken)
+std::string getError(const std::function<void()>& call)
 {
-    core::setGpuSupportActivated(false);
     try
     {
-        appendOnGpu(makePages(1, 1, 0), makePages(1, 1, 0));
-        ADD_FAILURE() << "nothing was thrown";
+        call();
     }
     catch (const ToolError& e)
     {
-        EXPECT_STREQ("--gpu: the GPU was not taken; leave --gpu out to append on the processor", e.what());
+        return e.what();
     }
+    return "nothing was thrown";
+}
+
+TEST(ToolAppend, SaysThatTheGpuWasNotTaken)
+{
+    core::setGpuSupportActivated(false);
+    EXPECT_EQ("--gpu: the GPU was not taken; leave --gpu out to append on the processor",
+              getError([] { appendOnGpu(makePages(1, 1, 0), makePages(1, 1, 0)); }));
     core::setGpuSupportActivated(true);
+}
+
+TEST(ToolAppend, SaysWhyTheGpuRefused)
+{
+    EXPECT_EQ("--gpu: attribute X is not set; leave --gpu out to append on the processor",
+              getError(
+                  [] {
+                      requireTaken({processor::eRS_Failed, "attribute X is not set"});
+                  }));
+    EXPECT_EQ("nothing was thrown", getError([] { requireTaken(processor::eRS_Provided); }));
 }
 } // namespace
 } // namespace kovis::tool
