@@ -91,6 +91,7 @@ TEST(BaseArchive, aSectionClosesOnTheWayOutOfAnException)
     EXPECT_EQ((std::vector<std::string>{"begin kovis::X", "end"}), archive.m_lines);
     ASSERT_EQ(1u, recording.getEvents().size());
     EXPECT_EQ("A section of an archive could not be closed: disk full", recording.getEvents()[0].m_message);
+    EXPECT_EQ("KOVIS/KOVISSerialization/BaseArchive", recording.getEvents()[0].m_file);
 }
 
 TEST(SerializationItem, readsIntoItsValue)
