@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cmath>
+#include <tuple>
 
 namespace kovis::tool::test
 {
@@ -184,6 +185,57 @@ TEST_F(Spaces, theRangesThatAreToldAreThoseOfAllColours)
         // u and v of black.
         EXPECT_EQ(info["ranges"][1]["notFinite"], space == std::string("luv") ? 1 : 0);
     }
+}
+
+// Samples of 0 to 255 that no curve reads go beyond the usual numbers. By the formulas in double: L of Y 255, and red's numbers.
+TEST_F(Spaces, samplesThatNoCurveReadsArePointedOutWithTheCure)
+{
+    const std::string rgb = m_folder.getPath("rgb.tif");
+    writeRow<std::uint8_t>(m_input, ElementType::eU8, 4, {255, 255, 255, 255, 255, 0, 0, 255});
+    for (const auto& [space, lightness, words] : std::vector<std::tuple<std::string, double, std::string>>{
+             {"lab", 142.4787, "go to L 142.5; convert --to rgb first and that --to lab"},
+             {"luv", 1049.5214, "go to L 1049.5; convert --to rgb first and that --to luv"}})
+    {
+        const ProgramRun run = convert({"--to", space});
+        ASSERT_EQ(run.exitCode, 0) << run.err;
+        EXPECT_TRUE(contains(run.err, words)) << run.err;
+        EXPECT_NEAR(getPixel(readPicture(m_output), 0)[0], lightness, 1e-2);
+        for (const char* from : {"grey", "rgba", "ypbpr", "ycbcr"})
+            EXPECT_TRUE(contains(runProgram({"explain", "--from", from, "--to", space}).out, words)) << from;
+        for (const char* from : {"rgb", "xyz", "hsv"})
+            EXPECT_FALSE(contains(runProgram({"explain", "--from", from, "--to", space}).out, "--to rgb first")) << from;
+    }
+    ASSERT_EQ(convert({"--to", "lab"}).exitCode, 0);
+    expectNear(getPixel(readPicture(m_output), 1), {78.5966, 109.4221, 91.8128}, 1e-2);
+    ASSERT_EQ(runProgram({"convert", m_input, "-o", rgb, "--to", "rgb"}).exitCode, 0);
+    ASSERT_EQ(runProgram({"convert", rgb, "-o", m_output, "--to", "lab"}).exitCode, 0);
+    expectNear(getPixel(readPicture(m_output), 1), g_expected[1].red, 1e-3);
+}
+
+// A dark grey of Lab keeps its Y alone: told for every target but those whose middle link gives no colour as it is.
+TEST_F(Spaces, darkColoursOfLabArePointedOutForEveryTarget)
+{
+    const std::string words = "not so for dark and saturated colours";
+    for (const char* to : {"xyz", "rgb", "rgba", "grey", "ypbpr", "ycbcr", "luv", "user"})
+        EXPECT_TRUE(contains(runProgram({"explain", "--from", "lab", "--to", to}).out, words)) << to;
+    EXPECT_FALSE(contains(runProgram({"explain", "--from", "xyz", "--to", "rgb"}).out, words));
+    writeRow<float>(m_input, ElementType::eF32, 3, {5.0F, 0.0F, 0.0F});
+    const ProgramRun run = convert({"--from", "lab", "--to", "rgb"});
+    EXPECT_TRUE(contains(run.err, words)) << run.err;
+    // XYZ -1.6836, 0.5535, -1.9286 by the matrix, where the colour is 0.5535 in every channel.
+    expectNear(getPixel(readPicture(m_output), 0), {-5.3449, 2.5901, -2.2456}, 2e-3);
+}
+
+// What rgb gives goes to L 764, and comes back on the scale 0 to 100; L 100 comes back at 0.329.
+TEST_F(Spaces, theScaleOfLuvFollowsTheFile)
+{
+    writeRow<float>(m_input, ElementType::eF32, 3, {100.0F, 0.0F, 0.0F, 763.9184F, 0.0F, 0.0F});
+    const ProgramRun run = convert({"--from", "luv", "--to", "rgb"});
+    EXPECT_TRUE(contains(run.err, "the scale of the file, as linear light (0 to 0.329 for L from 0 to 100, 0 to 100 for L to 764"))
+        << run.err;
+    const Picture picture = readPicture(m_output);
+    EXPECT_NEAR(getPixel(picture, 0)[1], 0.329024, 1e-3);
+    EXPECT_NEAR(getPixel(picture, 1)[1], 100.0, 0.2);
 }
 
 TEST_F(Spaces, whatIntegerTypesLose)

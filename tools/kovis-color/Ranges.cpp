@@ -17,6 +17,8 @@ using image::eColorGeometryType;
 
 constexpr std::array<eColorGeometryType, 2> g_curve = {image::eCGT_Rgb, image::eCGT_XYZ};
 constexpr const char* g_readByTheCurve = ", from RGB samples read on the scale 0 to 255";
+constexpr const char* g_linearBranch =
+    "; not so for dark and saturated colours, whose X and Z come from the linear branch, which takes a and b themselves";
 constexpr const char* g_xyzOf100 = "X 0 to 95.05, Y 0 to 100, Z 0 to 108.9";
 
 bool isUnsigned(ElementType type)
@@ -97,7 +99,8 @@ std::string describeScale(eColorGeometryType from)
     case image::eCGT_CieLab:
         return "the scale 0 to 100, as linear light";
     case image::eCGT_CieLuv:
-        return "the scale 0 to 0.329, as linear light (black, L 0, is NaN)";
+        return "the scale of the file, as linear light (0 to 0.329 for L from 0 to 100, 0 to 100 for L to 764, which is Luv from "
+               "XYZ of 0 to 100; black, L 0, is NaN)";
     case image::eCGT_User:
         return "the scale that the matrix gives";
     default:
@@ -112,9 +115,9 @@ std::string describeXyz(eColorGeometryType from, bool bCurve)
     switch (from)
     {
     case image::eCGT_CieLab:
-        return std::string(g_xyzOf100) + ", but for dark and saturated colours, where the linear branch takes a and b themselves";
+        return g_xyzOf100;
     case image::eCGT_CieLuv:
-        return "Y 0 to 0.329024 for L from 0 to 100; X and Z of black (L 0) are NaN";
+        return "Y 0 to 0.329024 for L from 0 to 100, 0 to 100 for L to 764; X and Z of black (L 0) are NaN";
     case image::eCGT_User:
         return "what the matrix makes of the samples";
     default:
@@ -122,13 +125,28 @@ std::string describeXyz(eColorGeometryType from, bool bCurve)
     }
 }
 
+// Spaces whose samples reach xyz by the matrix alone though they are samples of a picture, most often of 0 to 255.
+bool leavesTheCurveOut(eColorGeometryType from)
+{
+    return from == image::eCGT_Grey || from == image::eCGT_Rgba || from == image::eCGT_YPbPr || from == image::eCGT_YCbCr;
+}
+
+std::string describeMissingCurve(eColorGeometryType from, eColorGeometryType to, const char* lightnessOf255)
+{
+    if (!leavesTheCurveOut(from))
+        return {};
+    return std::string("; without the sRGB curve: samples of 0 to 255 are taken as Y of 0 to 255 and go to L ") + lightnessOf255 +
+           "; convert --to rgb first and that --to " + getSpaceName(to) + " for the usual numbers";
+}
+
 std::string describeLab(eColorGeometryType from, bool bCurve)
 {
     if (bCurve)
         return std::string("L 0 to 100, a about -86 to 98, b about -108 to 94") + g_readByTheCurve;
     if (from == image::eCGT_CieLuv)
-        return "L 0 to 3 only: XYZ from luv has its white at Y 0.329024, lab has it at 100; black is NaN";
-    return "L 0 to 100 for Y from 0 to 100, a and b signed";
+        return "L 0 to 3 only for L to 100 (XYZ from luv has its white at Y 0.329024, lab has it at 100), 0 to 100 for L to 764; "
+               "black is NaN";
+    return "L 0 to 100 for Y from 0 to 100, a and b signed" + describeMissingCurve(from, image::eCGT_CieLab, "142.5");
 }
 
 std::string describeLuv(eColorGeometryType from, bool bCurve)
@@ -139,7 +157,8 @@ std::string describeLuv(eColorGeometryType from, bool bCurve)
                std::string(g_readByTheCurve) + black;
     if (from == image::eCGT_CieLab)
         return "L 0 to 764, u and v as large (white is Y 0.329024, XYZ from lab has it at 100)";
-    return "L 0 to 100 for Y from 0 to 0.329024, 764 at Y 100, u and v signed" + black;
+    return "L 0 to 100 for Y from 0 to 0.329024, 764 at Y 100, u and v signed" + black +
+           describeMissingCurve(from, image::eCGT_CieLuv, "1049.5");
 }
 
 std::string describeTarget(eColorGeometryType from, eColorGeometryType to, bool bCurve, ElementType resultType)
@@ -222,7 +241,7 @@ std::string describeSource(eColorGeometryType from, eColorGeometryType to, Eleme
     case image::eCGT_CieLab:
         return "L 0 to 100, a and b signed; white is X 95.047, Y 100, Z 108.883";
     case image::eCGT_CieLuv:
-        return "L 0 to 100 for Y from 0 to 0.329024, u and v signed; L 0 gives NaN";
+        return "L 0 to 100 for Y from 0 to 0.329024, 764 at Y 100, u and v signed; L 0 gives NaN";
     case image::eCGT_HLS:
         return "H in degrees, folded into 0 to 360; L and S as hls gives them (S negative where L is above 1); RGB on " + scale;
     case image::eCGT_HSV:
@@ -238,7 +257,7 @@ std::string describeRange(eColorGeometryType from, eColorGeometryType to, Elemen
     if (way.isCopy())
         return "the numbers of the input, nothing is scaled";
     if (!way.isInPlace())
-        return describeTarget(from, to, way.passesCurve(), resultType);
+        return describeTarget(from, to, way.passesCurve(), resultType) + (from == image::eCGT_CieLab ? g_linearBranch : "");
     // The ranges of the plain formulas would promise too much.
     return "not the " + std::string(getSpaceName(to)) + " of the colour as it is: the link from " + getSpaceName(way.m_route[1]) +
            " to " + getSpaceName(way.m_route[2]) + " runs in place, row after row, and its second " +
@@ -261,7 +280,7 @@ std::string describeSaturation(eColorGeometryType from, eColorGeometryType to, E
     if (bNegative && isUnsigned(resultType))
         text += ", negative " + getChannelName(to, 1) + " and " + getChannelName(to, 2) + " become 0";
     if (from == image::eCGT_CieLuv && !hasHue(to) && to != image::eCGT_CieLab && to != image::eCGT_User)
-        text += ", where numbers up to 0.33 leave next to nothing";
+        text += ", where the numbers of L to 100 (up to 0.33) leave next to nothing";
     if (makesNanOfBlack(from, to))
         text += ", NaN (of black) becomes " + limits.greatest + " in the generic and sse2 forms and " + limits.least +
                 " in the avx2 and fma3 forms" + (hasHue(to) ? " (H becomes 0)" : "");
