@@ -126,6 +126,29 @@ TEST_F(AppendVerb, refusesChannelsThatTheFormatCannotHold)
     EXPECT_EQ(m_folder.getNames(), (std::vector<std::string>{"grey.tif", "in.tif"}));
 }
 
+TEST_F(AppendVerb, saysThatTheLastChannelOfAPngIsReadAsAlpha)
+{
+    const std::string png = m_folder.getPath("out.png");
+    const std::string note = " channel of a PNG will be read as alpha; write a .tif for a channel like the others\n";
+    const auto getNotes = [&](const std::vector<std::string>& inputs)
+    {
+        std::vector<std::string> arguments{"append"};
+        arguments.insert(arguments.end(), inputs.begin(), inputs.end());
+        arguments.insert(arguments.end(), {"-o", png});
+        return runProgram(arguments).err;
+    };
+    const std::string four = getNotes({m_input, m_grey});
+    EXPECT_TRUE(contains(four, "kovis-color: " + png + ": note: the fourth" + note)) << four;
+    EXPECT_EQ(countLines(four), 2U) << four;
+    EXPECT_TRUE(readPicture(png).hasAlpha);
+    EXPECT_TRUE(contains(getNotes({m_grey, m_grey}), "note: the second" + note));
+    EXPECT_TRUE(readPicture(png).hasAlpha);
+    EXPECT_FALSE(contains(getNotes({m_grey, m_grey, m_grey}), "note: "));
+    EXPECT_FALSE(readPicture(png).hasAlpha);
+    EXPECT_FALSE(contains(append({m_input, m_grey}).err, "note: "));
+    EXPECT_FALSE(readPicture(m_output).hasAlpha);
+}
+
 TEST_F(AppendVerb, runsTheInstructionSetThatIsAsked)
 {
     if (!Json::parse(runProgram({"kernels", "--json"}).out)["available"]["avx"].get<bool>())

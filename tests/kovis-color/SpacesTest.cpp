@@ -231,7 +231,8 @@ TEST_F(Spaces, theScaleOfLuvFollowsTheFile)
 {
     writeRow<float>(m_input, ElementType::eF32, 3, {100.0F, 0.0F, 0.0F, 763.9184F, 0.0F, 0.0F});
     const ProgramRun run = convert({"--from", "luv", "--to", "rgb"});
-    EXPECT_TRUE(contains(run.err, "the scale of the file, as linear light (0 to 0.329 for L from 0 to 100, 0 to 100 for L to 764"))
+    EXPECT_TRUE(
+        contains(run.err, "the scale of the file, as linear light (0 to 0.329 for L from 0 to 100, 0 to 100 for L to 764"))
         << run.err;
     const Picture picture = readPicture(m_output);
     EXPECT_NEAR(getPixel(picture, 0)[1], 0.329024, 1e-3);

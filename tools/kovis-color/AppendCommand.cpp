@@ -164,6 +164,10 @@ void AppendRun::run()
     const ImagePtr result = work(m_options.output, [&](const ProgressListener& listener) { return append(type, listener); });
     const PictureShape written = write(*result, image::eCGT_User);
     save(m_processor, std::string());
+    // PNG has no other kind of a picture of so many channels.
+    if (getFormat() == FileFormat::ePng && nbChannels % 2 == 0)
+        warn(m_options.output, std::string("note: the ") + (nbChannels == 2 ? "second" : "fourth") +
+                                   " channel of a PNG will be read as alpha; write a .tif for a channel like the others");
     nlohmann::json answer;
     std::string counts;
     for (std::size_t k = 0; k < m_pictures.size(); ++k)
