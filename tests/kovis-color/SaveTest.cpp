@@ -222,16 +222,18 @@ TEST_F(SaveOption, KeepsAgainWhatARunWasRead)
     EXPECT_EQ(readBytes(savedAgain), readBytes(m_saved));
 }
 
-TEST_F(SaveOption, ReadsATargetThatIsNoSpaceAsGrey)
+TEST_F(SaveOption, IsRefusedForATargetThatIsNoSpace)
 {
     ASSERT_EQ(convert({"--to", "grey", "--save", m_saved}).exitCode, 0);
     Json archive = readSaved();
-    for (const int target : {77, -1})
+    for (const int target : {99, 11, -1})
     {
         archive[0]["sections"][0]["sections"][0]["items"]["target"] = target;
         writeSaved(archive.dump());
-        ASSERT_EQ(run({m_input}).exitCode, 0) << target;
-        EXPECT_EQ(readBytes(m_again), readBytes(m_output)) << target;
+        expectRefused(
+            run({m_input}), 1,
+            {m_saved, "section \"object/kovis::processor::BaseProcessor/InColorConversionTransform\", key \"target\": " +
+                          std::to_string(target) + " is none of the numbers 0 to 10"});
     }
 }
 
@@ -261,15 +263,17 @@ TEST_F(SaveOption, IsRefusedForClassesThatItDoesNotRun)
                    "ColorConvertImgLvl1, a LightnessImgLvl1 or an AppendColorChannelImgLvl1"});
 }
 
-TEST_F(SaveOption, KeepsAFormulaBeyondTheLastAsTheLast)
+TEST_F(SaveOption, IsRefusedForANumberThatIsNoFormula)
 {
     ASSERT_EQ(runProgram({"lightness", m_input, "-o", m_output, "--formula", "luminosity", "--save", m_saved}).exitCode, 0);
     Json archive = readSaved();
-    archive[0]["sections"][0]["sections"][0]["items"]["value"] = 77;
-    writeSaved(archive.dump());
-    const ProgramRun outcome = run({m_input});
-    ASSERT_EQ(outcome.exitCode, 0) << outcome.err;
-    EXPECT_TRUE(contains(outcome.err, "luminosity of 3 channels"));
-    EXPECT_EQ(readBytes(m_again), readBytes(m_output));
+    for (const int formula : {7, 3, -1})
+    {
+        archive[0]["sections"][0]["sections"][0]["items"]["value"] = formula;
+        writeSaved(archive.dump());
+        expectRefused(run({m_input}), 1,
+                      {m_saved, "section \"object/kovis::processor::BaseProcessor/InLightnessType\", key \"value\": " +
+                                    std::to_string(formula) + " is none of the numbers 0 to 2"});
+    }
 }
 } // namespace kovis::tool::test

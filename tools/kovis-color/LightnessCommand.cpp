@@ -77,14 +77,12 @@ private:
     eLightnessType m_formula = imaproc::attr::eLT_Average;
 };
 
-/// The formula of a saved processor; numbers beyond the last one count as that.
+/// The formula of a saved processor.
 eLightnessType getFormula(const LightnessImgLvl1& processor)
 {
     const auto attribute = boost::dynamic_pointer_cast<imaproc::attr::InLightnessType>(
         processor.getAttribute(imaproc::attr::InLightnessType::getObjectNameStr()));
-    const eLightnessType formula = attribute ? attribute->getValue() : imaproc::attr::eLT_Average;
-    return formula < imaproc::attr::eLT_Average || formula > imaproc::attr::eLT_Luminosity ? imaproc::attr::eLT_Luminosity
-                                                                                           : formula;
+    return attribute ? attribute->getValue() : imaproc::attr::eLT_Average;
 }
 
 /// What can be told before the input is read.

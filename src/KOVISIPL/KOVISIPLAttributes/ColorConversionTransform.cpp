@@ -1,5 +1,7 @@
 #include "KOVISIPL/KOVISIPLAttributes/ColorConversionTransform.h"
 
+#include "KOVIS/KOVISSerialization/readArchiveEnumeration.h"
+
 #include <boost/make_shared.hpp>
 
 namespace kovis::imaproc::attr
@@ -14,7 +16,8 @@ void ColorConversionTransform::write(BaseOArchive& archive) const
 
 void ColorConversionTransform::read(BaseIArchive& archive)
 {
-    archive >> m_target >> m_matrix;
+    m_target.setValue(readArchiveEnumeration(archive, m_target.getName(), image::eCGT_Grey, image::eCGT_User));
+    archive >> m_matrix;
 }
 
 image::eColorGeometryType ColorConversionTransform::getTargetGeometry() const

@@ -10,4 +10,9 @@ bool InConvertImageBufferType::isUsable() const
 {
     return image::getElementSize(getValue()) != 0;
 }
+
+std::pair<int, int> InConvertImageBufferType::getArchiveRange() const
+{
+    return {image::eIBT_Int8, image::eIBT_UInt8_11};
+}
 } // namespace kovis::imaproc::attr

@@ -5,4 +5,9 @@
 namespace kovis::imaproc::attr
 {
 KOVIS_DEFINE_ATTRIBUTE(InLightnessType, "Formula of the lightness");
+
+std::pair<int, int> InLightnessType::getArchiveRange() const
+{
+    return {eLT_Average, eLT_Luminosity};
+}
 } // namespace kovis::imaproc::attr

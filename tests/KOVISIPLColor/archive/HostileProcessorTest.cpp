@@ -1,5 +1,6 @@
 #include "KOVIS/KOVISSerialization/KOVISSerializationLog.h"
 #include "KOVIS/KOVISUtil/DynamicObjectFactory.h"
+#include "KOVISIPL/KOVISIPLUtility/ConvertImgLvl1.h"
 #include "KOVISIPLColor/archive/ArchivedRuns.h"
 
 #include <gtest/gtest.h>
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <limits>
 
 namespace kovis::test
 {
@@ -232,6 +234,38 @@ TEST(HostileProcessor, IsRefusedWithNumbersOutOfRange)
     }
     EXPECT_NE(getRefusal(replace("[0.5", zeros)).find(transform + "\"matrix\": more than 1048576 numbers"), std::string::npos);
     EXPECT_NE(getRefusal(replace("[0.5", std::string(100000, '['))).find(transform + "\"matrix\""), std::string::npos);
+}
+
+/// What the reader says of a number at a key of the section of an attribute of a processor.
+std::string describeNoEnumerator(const std::string& attribute, const std::string& key, int number, const std::string& allowed)
+{
+    return "The archive does not fit at section \"object/kovis::processor::BaseProcessor/" + attribute + "\", key \"" + key +
+           "\": " + std::to_string(number) + " is none of the numbers " + allowed + " that may stand there";
+}
+
+// All of them are written: who sets such a number has it in the archive, and is told by the reader.
+TEST(HostileProcessor, IsRefusedWithNumbersThatAreNoEnumerators)
+{
+    constexpr int lowest = std::numeric_limits<int>::min();
+    constexpr int highest = std::numeric_limits<int>::max();
+    for (const int number : {lowest, -1, 11, 99, highest})
+    {
+        EXPECT_EQ(getRefusal(writeObjects({makeConversion(number)})),
+                  describeNoEnumerator("InColorConversionTransform", "target", number, "0 to 10"));
+    }
+    for (const int number : {lowest, -1, 3, 7, highest})
+    {
+        EXPECT_EQ(getRefusal(writeObjects({makeLightness(static_cast<imaproc::attr::eLightnessType>(number))})),
+                  describeNoEnumerator("InLightnessType", "value", number, "0 to 2"));
+    }
+    for (const int number : {lowest, -1, 0, 12, highest})
+    {
+        const auto conversion = boost::make_shared<imaproc::util::ConvertImgLvl1>();
+        conversion->init();
+        conversion->set<imaproc::attr::InConvertImageBufferType>(static_cast<image::eImageBufferType>(number));
+        EXPECT_EQ(getRefusal(writeObjects({conversion})),
+                  describeNoEnumerator("InConvertImageBufferType", "value", number, "1 to 11"));
+    }
 }
 
 TEST(HostileProcessor, IsRefusedWithAClassThatNobodyKnows)

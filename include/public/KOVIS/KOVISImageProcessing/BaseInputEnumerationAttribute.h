@@ -3,6 +3,10 @@
 #include "KOVIS/KOVISBaseProcessing/archiveIsSet.h"
 #include "KOVIS/KOVISImageProcessing/BaseImageAttribute.h"
 #include "KOVIS/KOVISSerialization/SerializationItem.h"
+#include "KOVIS/KOVISSerialization/readArchiveEnumeration.h"
+
+#include <limits>
+#include <utility>
 
 namespace kovis::imaproc
 {
@@ -52,7 +56,7 @@ public:
             archive << SerializationOItem<int>{"value", &value};
         }
     }
-    /// The number is taken as it stands, as setValue takes any.
+    /// Throws KOVISSerializationException, with the value as it was, for a number outside getArchiveRange; setValue takes any.
     void readValue(BaseIArchive& archive) override
     {
         if (!processor::readIsSet(archive))
@@ -60,9 +64,8 @@ public:
             this->clear();
             return;
         }
-        int value = 0;
-        archive >> SerializationIItem<int>{"value", &value};
-        setValue(static_cast<T>(value));
+        const std::pair<int, int> range = getArchiveRange();
+        setValue(static_cast<T>(readArchiveEnumeration(archive, "value", range.first, range.second)));
     }
     void clear() override
     {
@@ -70,6 +73,13 @@ public:
         m_value = T();
         m_bInitialised = false;
         this->countChange();
+    }
+
+protected:
+    /// The first and the last number that an archive may give: those of the enumerators. Any number, unless it is overridden.
+    virtual std::pair<int, int> getArchiveRange() const
+    {
+        return {std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
     }
 
 private:

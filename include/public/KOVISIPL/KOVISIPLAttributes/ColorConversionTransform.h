@@ -31,6 +31,7 @@ public:
     void setMatrix(std::vector<float> matrix) { m_matrix.setValue(std::move(matrix)); }
 
     void write(BaseOArchive& archive) const override;
+    /// Throws KOVISSerializationException for a target outside 0 to 10, which setTarget takes.
     void read(BaseIArchive& archive) override;
 
 private:

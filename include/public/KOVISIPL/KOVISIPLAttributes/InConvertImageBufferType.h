@@ -14,5 +14,8 @@ class KOVISIPLATTRIBUTES_EXPORT InConvertImageBufferType : public BaseInputEnume
     KOVIS_DECLARE_ATTRIBUTE(InConvertImageBufferType);
 
     bool isUsable() const override;
+
+protected:
+    std::pair<int, int> getArchiveRange() const override;
 };
 } // namespace kovis::imaproc::attr

@@ -11,5 +11,8 @@ namespace kovis::imaproc::attr
 class KOVISIPLATTRIBUTES_EXPORT InLightnessType : public BaseInputEnumerationAttribute<eLightnessType>
 {
     KOVIS_DECLARE_ATTRIBUTE(InLightnessType);
+
+protected:
+    std::pair<int, int> getArchiveRange() const override;
 };
 } // namespace kovis::imaproc::attr
