@@ -17,7 +17,7 @@ TEST(Load, theLibraryLeavesTheProcessWithAllThatItEntered)
         ASSERT_EQ(0ul, manager.getNbMessages(key));
         void* const library = dlopen(KOVIS_HARDWARE_LIBRARY, RTLD_NOW | RTLD_LOCAL);
         ASSERT_NE(nullptr, library) << dlerror();
-        ASSERT_EQ(1ul, manager.getNbMessages(key));
+        ASSERT_EQ(2ul, manager.getNbMessages(key));
         ASSERT_EQ(0, dlclose(library));
     }
 }
